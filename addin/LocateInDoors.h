@@ -1,0 +1,13 @@
+// The menu's "&Locate in DOORS": shows the DOORS object from which the selected element was imported.
+#pragma once
+
+#include "doors/Doors.h"
+#include "orim/Repository.h"
+
+namespace kestrune {
+
+/// Does nothing, without a word, where there is nothing to locate: no linked package selected, no element at
+/// hand, no mapping for the attribute "Absolute Number", an object that DOORS does not find.
+void LocateInDoors(Doors& doors, const orim::Repository& repository);
+
+}  // namespace kestrune

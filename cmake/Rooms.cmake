@@ -1,0 +1,29 @@
+# kestrune_room(DIR [LIBRARY...]): a static library of all sources below DIR/, linked to LIBRARY... Its name is kestrune-
+# and DIR with hyphens. What is for Windows only lies in folders named win32 or com and is left out here; main.cpp
+# belongs to a program.
+function(kestrune_room dir)
+  string(REPLACE "/" "-" name ${dir})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${dir}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/(win32|com)/|/main\\.cpp$")
+  if(NOT sources)  # a room of headers
+    add_library(kestrune-${name} INTERFACE)
+    target_link_libraries(kestrune-${name} INTERFACE ${ARGN})
+    return()
+  endif()
+  add_library(kestrune-${name} STATIC ${sources})
+  target_include_directories(kestrune-${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(kestrune-${name} PUBLIC ${ARGN})
+endfunction()
+
+# kestrune_tests(DIR [LIBRARY...]): the test program DIR-tests of all sources in tests/DIR/.
+function(kestrune_tests dir)
+  string(REPLACE "/" "-" name ${dir})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${dir}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name}-tests ${sources})
+  target_compile_definitions(${name}-tests PRIVATE KESTRUNE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name}-tests PRIVATE ${ARGN} GTest::gtest_main)
+  gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,1 @@
+SELECT Object_ID FROM t_object WHERE ParentID=%s

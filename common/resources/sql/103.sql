@@ -1,0 +1,1 @@
+SELECT t_objectproperties.Object_ID, [Property], t_objectproperties.[Notes] FROM t_object INNER JOIN t_objectproperties ON t_objectproperties.Object_ID = t_object.Object_ID WHERE [Value] = '<memo>' AND t_object.Package_ID IN (%s) ORDER BY t_objectproperties.Object_ID

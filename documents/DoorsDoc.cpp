@@ -1,0 +1,149 @@
+#include "documents/DoorsDoc.h"
+
+#include <optional>
+#include <unordered_map>
+
+#include "common/Utilities.h"
+#include "documents/OutputTab.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr TextView kSource = u"DoorsDoc.Load";
+constexpr TextView kPositionField = u"Field Position";
+constexpr TextView kIdentifierField = u"Object Identifier";
+constexpr std::size_t kLongestElementName = 7;  // a million attributes are enough for anybody
+
+[[noreturn]] void ThrowBadExport(Text description) {
+  throw AutomationError(DoorsDoc::kBadExport, Text(kSource), std::move(description));
+}
+
+[[noreturn]] void ThrowUnreadable(const Text& path) {
+  ThrowBadExport(u"Can't read XML (" + path + u")");
+}
+
+Text ParseReport(const Text& path, const XmlParseError& error) {
+  return Text(u"Error Parsing XML Result\r\nFile: ") + path + u"\r\nLine: " + ToText(error.Line) +
+         u"\r\nPos: " + ToText(error.LinePosition) + u"\r\nAbs: " + ToText(error.FilePosition) +
+         u"\r\nReason: " + error.Reason;
+}
+
+void ReportParseError(const OutputTab& output, const Text& path, const XmlParseError& error) {
+  output.Write(u"XML Error detected - " + path + u" - " + error.Reason);
+}
+
+XmlDocument LoadExport(const Text& path, const Platform& platform, const OutputTab& output) {
+  XmlDocument document;
+  if (document.LoadFile(path)) return document;
+  if (document.ParseError().Code == 0) ThrowUnreadable(path);
+  ReportParseError(output, path, document.ParseError());
+  output.Write(u"Attempting to post-process xml file...");
+  const Text copy = CleanExportFile(platform, path);
+  if (!document.LoadFile(copy)) {
+    ReportParseError(output, copy, document.ParseError());
+    ThrowBadExport(ParseReport(copy, document.ParseError()));
+  }
+  output.Write(u"Success.");
+  return document;
+}
+
+/// The number in an element name such as "a12"; nothing for any other name.
+std::optional<std::size_t> IdOfElement(TextView name) {
+  if (name.size() < 2 || name.size() > kLongestElementName || name[0] != u'a') return std::nullopt;
+  std::size_t id = 0;
+  for (const char16_t digit : name.substr(1)) {
+    if (digit < u'0' || digit > u'9') return std::nullopt;
+    id = id * 10 + (digit - u'0');
+  }
+  return id;
+}
+
+std::unordered_map<Text, std::size_t> IdsByName(const XmlNode& attributes) {
+  std::unordered_map<Text, std::size_t> ids;
+  for (XmlNode each = attributes.FirstChild(); each; each = each.NextSibling()) {
+    const auto name = each.Attribute(u"Name");
+    const auto id = IdOfElement(u"a" + each.Attribute(u"ID").value_or(u""));
+    if (name && id) ids.emplace(*name, *id);
+  }
+  return ids;
+}
+
+}  // namespace
+
+void DoorsDoc::AddField(Text attribute, Text separator, Text extra_attribute) {
+  requests_.push_back({std::move(attribute), std::move(separator), std::move(extra_attribute)});
+}
+
+void DoorsDoc::Load(const Text& path, Options& options, const Platform& platform,
+                    const orim::Repository& repository) {
+  const XmlDocument document = LoadExport(path, platform, OutputTab(repository));
+  const XmlNode attributes = document.SelectSingleNode(u"DoorsModule/Attributes");
+  // Anything else that happens to be XML must not pass for a module that has lost its attributes and objects.
+  if (!attributes || !IdsByName(attributes).contains(Text(kIdentifierField))) ThrowUnreadable(path);
+  if (options.RefreshDoorsAttributesFromXML(document)) options.Save();
+  const XmlNode objects = document.SelectSingleNode(u"DoorsModule/Objects");
+  ReadObjects(objects, ResolveFields(attributes));
+  NumberSiblings();
+}
+
+DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
+  const auto ids = IdsByName(attributes);
+  UsesById uses;
+  const auto resolve = [&](const Text& attribute, Use use) {
+    const auto found = ids.find(attribute);
+    if (found == ids.end() || attribute == kPositionField) return;
+    if (found->second >= uses.size()) uses.resize(found->second + 1);
+    uses[found->second].push_back(use);
+  };
+  for (std::size_t i = 0; i < requests_.size(); ++i) {
+    resolve(requests_[i].Attribute, {i + 1, false});
+    resolve(requests_[i].ExtraAttribute, {i + 1, true});
+  }
+  return uses;
+}
+
+void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
+  std::size_t count = 0;
+  if (objects)
+    for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) ++count;
+  table_ = DataTable(count, requests_.size());
+  if (count == 0) return;
+  std::vector<Text> extras(requests_.size() + 1);
+  std::size_t row = 0;
+  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling())
+    ReadObject(++row, each, uses, extras);
+}
+
+void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses,
+                          std::vector<Text>& extras) {
+  for (XmlNode value = object.FirstChild(); value; value = value.NextSibling()) {
+    const auto id = IdOfElement(value.Name());
+    if (!id) continue;
+    if (*id == 0) table_.At(row, column::kKey) = NumericValue(value.Content());
+    if (*id >= uses.size() || uses[*id].empty()) continue;
+    const Text content = WidenLineFeeds(value.Content());
+    for (const Use& use : uses[*id]) {
+      if (use.IsExtra)
+        extras[use.Column] = content;
+      else
+        table_.At(row, use.Column) = content;
+    }
+  }
+  for (std::size_t i = 0; i < requests_.size(); ++i) {
+    Text& extra = extras[i + 1];
+    if (extra.empty()) continue;
+    Variant& cell = table_.At(row, i + 1);
+    cell = cell.ToText() + requests_[i].Separator + extra;
+    extra.clear();
+  }
+}
+
+void DoorsDoc::NumberSiblings() {
+  if (table_.UpperColumn() < column::kPosition) return;
+  std::unordered_map<TextView, std::int32_t> last_position;  // by the parent's identifier
+  for (std::size_t row = 1; row <= table_.UpperRow(); ++row)
+    table_.At(row, column::kPosition) = last_position[table_.TextAt(row, column::kParent)] += 10;
+}
+
+}  // namespace kestrune

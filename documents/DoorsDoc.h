@@ -1,0 +1,52 @@
+// The module's objects, read from the export file that DOORS wrote.
+#pragma once
+
+#include "documents/DataTable.h"
+#include "options/Options.h"
+
+namespace kestrune {
+
+/// Fields are requested first, then the file is loaded once, then the table is read. The first four requests
+/// are the fixed ones, in the order of the columns named in DataTable.h.
+///
+/// Column 0 of the table is the object's absolute number, column c the c-th request; a cell is empty where
+/// the object has no such value. Positions run 10, 20, 30 in file order under each parent.
+class DoorsDoc {
+ public:
+  /// The number of the error for an export that cannot be read.
+  static constexpr std::uint32_t kBadExport = error::kBase + 1001;
+
+  /// Requests an attribute's value, followed by `separator` and the extra attribute's value where that has
+  /// one.
+  void AddField(Text attribute, Text separator = {}, Text extra_attribute = {});
+
+  /// Reads the export file at `path`. A malformed one is read once more without its control characters, which
+  /// is told in the output tab "DOORS". The attribute list of the export is taken over into `options`, which
+  /// are saved. Throws AutomationError kBadExport, source "DoorsDoc.Load", when the file is no export or
+  /// stays malformed.
+  void Load(const Text& path, Options& options, const Platform& platform, const orim::Repository& repository);
+
+  const DataTable& GetData() const { return table_; }
+
+ private:
+  struct Request {
+    Text Attribute;
+    Text Separator;
+    Text ExtraAttribute;
+  };
+  struct Use {  // of one export element
+    std::size_t Column;
+    bool IsExtra;
+  };
+  using UsesById = std::vector<std::vector<Use>>;
+
+  UsesById ResolveFields(const XmlNode& attributes) const;
+  void ReadObjects(const XmlNode& objects, const UsesById& uses);
+  void ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses, std::vector<Text>& extras);
+  void NumberSiblings();
+
+  std::vector<Request> requests_;
+  DataTable table_;
+};
+
+}  // namespace kestrune

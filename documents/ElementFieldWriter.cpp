@@ -1,0 +1,86 @@
+#include "documents/ElementFieldWriter.h"
+
+#include <algorithm>
+
+#include "common/Resources.h"
+#include "documents/ElementFields.h"
+
+namespace kestrune {
+
+namespace {
+
+// The literal "<memo>" goes into the memo as well: as a value it would say that the text is there.
+bool NeedsMemo(const Text& text) {
+  return text.size() > kLongestValue || text == kMemoValue;
+}
+
+void WriteTaggedValue(const orim::Element& element, const Text& name, const Text& text) {
+  const auto tagged_values = element.TaggedValues();
+  orim::TaggedValue tagged_value = tagged_values.Find(name);
+  const bool is_new = !tagged_value;
+  if (is_new) tagged_value = tagged_values.AddNew(name, u"");
+  if (NeedsMemo(text)) {
+    tagged_value.SetValue(Text(kMemoValue));
+    tagged_value.SetNotes(text);
+  } else {
+    const bool had_memo = !is_new && tagged_value.Value() == kMemoValue;
+    tagged_value.SetValue(text);
+    if (had_memo) tagged_value.SetNotes(u"");
+  }
+  tagged_value.Save();
+  if (is_new) tagged_values.Refresh();
+}
+
+}  // namespace
+
+void ElementFieldWriter::Write(const orim::Element& element, std::size_t row, std::size_t column,
+                               const Variant& value) {
+  const Text& name = package_.Fields()[column - 1].Name;
+  if (HasFailed(name)) return;
+  try {
+    if (!index_.IsCreated(row)) ShowChange(element, row, column, value);
+    WriteField(element, column, value);
+  } catch (const AutomationError& failure) {
+    progress_.Progress(FormatResText(text::kErrorLine, {failure.Description}));
+    failed_.push_back(name);
+  }
+}
+
+bool ElementFieldWriter::HasFailed(const Text& name) const {
+  return std::find(failed_.begin(), failed_.end(), name) != failed_.end();
+}
+
+void ElementFieldWriter::ShowChange(const orim::Element& element, std::size_t row, std::size_t column,
+                                    const Variant& value) {
+  const Text old_value = package_.GetData().At(row, column).ToText();
+  progress_.ProgressModify(
+      element.Name(), package_.Fields()[column - 1].Name + u": " + old_value + u" --> " + value.ToText());
+}
+
+void ElementFieldWriter::WriteField(const orim::Element& element, std::size_t column,
+                                    const Variant& value) const {
+  const OrimField& field = package_.Fields()[column - 1];
+  switch (field.Kind) {
+    case OrimField::kTaggedValue:
+      return WriteTaggedValue(element, field.Name, value.ToText());
+    case OrimField::kElementField:
+      element.SetField(field.Name, value.ToText());
+      break;
+    case OrimField::kCalculated:
+      if (column == column::kParent)
+        element.SetParentID(ParentIdOf(value.ToText()));
+      else if (column == column::kPosition)
+        element.SetTreePos(value.ToInt());
+      else
+        return;
+  }
+  element.Save();
+}
+
+std::int32_t ElementFieldWriter::ParentIdOf(const Text& identifier) const {
+  if (identifier.empty()) return 0;
+  const auto row = index_.Find(identifier);
+  return row ? index_.ElementIdOf(*row) : 0;
+}
+
+}  // namespace kestrune

@@ -1,0 +1,29 @@
+#include "documents/ElementIndex.h"
+
+namespace kestrune {
+
+std::optional<std::size_t> ElementIndex::Add(const Text& identifier, std::size_t row) {
+  const auto [entry, is_new] = row_by_identifier_.emplace(identifier, row);
+  if (is_new) return std::nullopt;
+  return entry->second;
+}
+
+std::size_t ElementIndex::AddCreated(const Text& identifier, std::int32_t element_id) {
+  created_.push_back(element_id);
+  const std::size_t row = package_.UpperRow() + created_.size();
+  row_by_identifier_.emplace(identifier, row);
+  return row;
+}
+
+std::optional<std::size_t> ElementIndex::Find(const Text& identifier) const {
+  const auto found = row_by_identifier_.find(identifier);
+  if (found == row_by_identifier_.end()) return std::nullopt;
+  return found->second;
+}
+
+std::int32_t ElementIndex::ElementIdOf(std::size_t row) const {
+  if (IsCreated(row)) return created_[row - package_.UpperRow() - 1];
+  return package_.At(row, column::kKey).ToInt();
+}
+
+}  // namespace kestrune

@@ -1,0 +1,34 @@
+// Which row stands for the element of a DOORS object: the package's rows, and those of elements that this
+// import made.
+#pragma once
+
+#include <optional>
+#include <unordered_map>
+
+#include "documents/DataTable.h"
+
+namespace kestrune {
+
+/// Maps an "Object Identifier" to a row number: rows 1 to the package table's last are the table's own, those
+/// beyond are elements created during this import, in the order of their making.
+class ElementIndex {
+ public:
+  explicit ElementIndex(const DataTable& package) : package_(package) {}
+
+  /// Enters a row of the table; returns the row that has the identifier already, if any, and enters nothing
+  /// then.
+  std::optional<std::size_t> Add(const Text& identifier, std::size_t row);
+  /// Enters an element that was just created; returns its row number.
+  std::size_t AddCreated(const Text& identifier, std::int32_t element_id);
+
+  std::optional<std::size_t> Find(const Text& identifier) const;
+  bool IsCreated(std::size_t row) const { return row > package_.UpperRow(); }
+  std::int32_t ElementIdOf(std::size_t row) const;
+
+ private:
+  const DataTable& package_;
+  std::unordered_map<Text, std::size_t> row_by_identifier_;
+  std::vector<std::int32_t> created_;
+};
+
+}  // namespace kestrune

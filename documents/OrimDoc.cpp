@@ -1,0 +1,133 @@
+#include "documents/OrimDoc.h"
+
+#include "common/Resources.h"
+#include "documents/ElementFields.h"
+#include "options/MappingRule.h"
+
+namespace kestrune {
+
+namespace {
+
+// The columns that are read of the package query; those of the element fields follow.
+enum QueryColumn : std::size_t { kObjectId, kParentId, kTreePos, kProperty, kValue, kFirstField };
+
+constexpr TextView kTaggedValuePrefix = u"(Tagged Value)";
+constexpr TextView kCalculatedPrefix = u"(Calculated)";
+constexpr TextView kIdentifierName = u"Object Identifier";
+
+std::vector<Text> QueryColumns() {
+  std::vector<Text> columns = {u"Object_ID", u"ParentID", u"TPos", u"Property", u"Value"};
+  for (const ElementField& field : kElementFields) columns.emplace_back(field.QueryColumn);
+  return columns;
+}
+
+bool IsIdentifierRow(const QueryAnswer::Row& row) {
+  return row.GetText(kProperty) == kIdentifierName;
+}
+
+}  // namespace
+
+void OrimDoc::AddField(const Text& target) {
+  const auto named_after = [&](TextView prefix) {
+    return target.substr(std::min(prefix.size() + 1, target.size()));
+  };
+  if (target.starts_with(kTaggedValuePrefix))
+    fields_.push_back({OrimField::kTaggedValue, named_after(kTaggedValuePrefix)});
+  else if (target.starts_with(kCalculatedPrefix))
+    fields_.push_back({OrimField::kCalculated, named_after(kCalculatedPrefix)});
+  else
+    fields_.push_back({OrimField::kElementField, target});
+}
+
+Text OrimDoc::PackageIds() const {
+  Text ids = ToText(package_.PackageID());
+  if (const orim::Package trash = package_.Packages().Find(LoadResText(text::kTrashCan)))
+    ids += u"," + ToText(trash.PackageID());
+  return ids;
+}
+
+void OrimDoc::Load() {
+  for (const OrimField& field : fields_) {
+    std::optional<std::size_t> query_column;
+    if (field.Kind == OrimField::kElementField) query_column = kFirstField + ElementFieldIndex(field.Name);
+    field_columns_.push_back(query_column);
+  }
+  const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {PackageIds()});
+  const QueryAnswer answer(repository_, sql, QueryColumns());
+  FillFromIdentifierRows(answer);
+  FillTaggedValues(answer);
+}
+
+void OrimDoc::FillFromIdentifierRows(const QueryAnswer& answer) {
+  std::size_t count = 0;
+  answer.ForEach([&](const QueryAnswer::Row& row) {
+    if (!IsIdentifierRow(row)) return;
+    ++count;
+    identifier_by_id_.emplace(row.GetNumber(kObjectId), row.GetText(kValue));
+  });
+  table_ = DataTable(count, fields_.size());
+  std::size_t next = 0;
+  answer.ForEach([&](const QueryAnswer::Row& row) {
+    if (IsIdentifierRow(row)) FillRow(++next, row);
+  });
+}
+
+void OrimDoc::FillRow(std::size_t row, const QueryAnswer::Row& source) {
+  const std::int32_t id = source.GetNumber(kObjectId);
+  table_.At(row, column::kKey) = id;
+  row_by_id_.emplace(id, row);
+  for (std::size_t c = 1; c <= fields_.size(); ++c) {
+    if (const auto query_column = field_columns_[c - 1]; query_column && source.Has(*query_column))
+      table_.At(row, c) = source.GetText(*query_column);
+  }
+  if (fields_.size() < column::kPosition) return;
+  table_.At(row, column::kParent) = ParentIdentifier(row, source);
+  table_.At(row, column::kPosition) = source.GetNumber(kTreePos);
+}
+
+Text OrimDoc::ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const {
+  const std::int32_t parent = source.GetNumber(kParentId);
+  if (parent == 0) return {};
+  const auto found = identifier_by_id_.find(parent);
+  if (found == identifier_by_id_.end()) {
+    throw AutomationError(
+        error::kBase + 1, u"OrimDoc.Load",
+        FormatResText(text::kForeignParent, {table_.At(row, column::kKey).ToText(), ToText(parent)}));
+  }
+  return found->second;
+}
+
+OrimDoc::ColumnsByName OrimDoc::TaggedValueColumns() const {
+  ColumnsByName columns;
+  for (std::size_t c = 1; c <= fields_.size(); ++c)
+    if (fields_[c - 1].Kind == OrimField::kTaggedValue) columns.emplace(fields_[c - 1].Name, c);
+  return columns;
+}
+
+void OrimDoc::FillTaggedValues(const QueryAnswer& answer) {
+  const ColumnsByName columns = TaggedValueColumns();
+  answer.ForEach([&](const QueryAnswer::Row& row) {
+    const auto field = columns.find(row.GetText(kProperty));
+    if (field == columns.end()) return;
+    const auto element = row_by_id_.find(row.GetNumber(kObjectId));
+    if (element != row_by_id_.end()) table_.At(element->second, field->second) = row.GetText(kValue);
+  });
+}
+
+Variant OrimDoc::StoredValue(std::size_t row, std::size_t column) {
+  const OrimField& field = fields_[column - 1];
+  const bool is_memo = field.Kind == OrimField::kTaggedValue && table_.TextAt(row, column) == kMemoValue;
+  if (!is_memo) return table_.At(row, column);
+  if (!has_memo_texts_) LoadMemoTexts();
+  return memo_texts_[table_.At(row, column::kKey).ToInt()][field.Name];
+}
+
+void OrimDoc::LoadMemoTexts() {
+  const Text sql = FormatText(LoadSql(sql_text::kMemoTexts), {PackageIds()});
+  const QueryAnswer answer(repository_, sql, {u"Object_ID", u"Property", u"Notes"});
+  answer.ForEach(
+      [&](const QueryAnswer::Row& row) { memo_texts_[row.GetNumber(0)][row.GetText(1)] = row.GetText(2); });
+  has_memo_texts_ = true;
+}
+
+}  // namespace kestrune

@@ -1,0 +1,66 @@
+// The linked package's present content, read through one query of the host.
+#pragma once
+
+#include <optional>
+#include <unordered_map>
+
+#include "documents/DataTable.h"
+#include "documents/QueryAnswer.h"
+
+namespace kestrune {
+
+/// What a field of the package is, from the target side of a mapping rule.
+struct OrimField {
+  enum Kind { kElementField, kTaggedValue, kCalculated };
+  Kind Kind = kElementField;
+  Text Name;
+};
+
+/// Fields are added first, then the package is loaded once, then the table is read. A row stands for an
+/// element that was imported from DOORS, in the package or in its trash package. Column 0 is the element's
+/// id, column c the c-th field. The first four fields are the fixed ones, in the order of the columns named
+/// in DataTable.h; the level is not read from the host and stays empty.
+class OrimDoc {
+ public:
+  OrimDoc(orim::Repository repository, orim::Package package)
+      : repository_(std::move(repository)), package_(std::move(package)) {}
+
+  /// `target` is a host field's name, "(Tagged Value) " and a name, or "(Calculated) " and a name.
+  void AddField(const Text& target);
+
+  /// Throws AutomationError 0x80040001 "Unknown field: ..." for a target that is no host field, and
+  /// 0x80040001 when an element lies below one that was not imported from DOORS.
+  void Load();
+
+  const DataTable& GetData() const { return table_; }
+  const std::vector<OrimField>& Fields() const { return fields_; }  // field c is Fields()[c - 1]
+
+  /// The value that the package holds: the cell, or for a tagged value stored as "<memo>" its memo text. The
+  /// memo texts of all elements are asked for together, when the first is needed.
+  Variant StoredValue(std::size_t row, std::size_t column);
+
+  /// The ids of the packages that the table covers, joined by commas.
+  Text PackageIds() const;
+
+ private:
+  using ColumnsByName = std::unordered_map<Text, std::size_t>;
+
+  void FillFromIdentifierRows(const QueryAnswer& answer);
+  void FillRow(std::size_t row, const QueryAnswer::Row& source);
+  void FillTaggedValues(const QueryAnswer& answer);
+  Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const;
+  ColumnsByName TaggedValueColumns() const;
+  void LoadMemoTexts();
+
+  orim::Repository repository_;
+  orim::Package package_;
+  std::vector<OrimField> fields_;
+  std::vector<std::optional<std::size_t>> field_columns_;    // of an element field: its column of the query
+  std::unordered_map<std::int32_t, std::size_t> row_by_id_;  // element id to its first row
+  std::unordered_map<std::int32_t, Text> identifier_by_id_;
+  DataTable table_;
+  bool has_memo_texts_ = false;
+  std::unordered_map<std::int32_t, std::unordered_map<Text, Text>> memo_texts_;  // by element id and name
+};
+
+}  // namespace kestrune

@@ -1,0 +1,33 @@
+// The one connection to DOORS that the process holds, and how a script is run over it.
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace kestrune {
+
+class Doors {
+ public:
+  explicit Doors(const Platform& platform) : platform_(platform) {}
+
+  /// DOORS' automation object "Doors.Application"; nothing until EnsureDoors has succeeded.
+  Object DoorsApp;
+
+  /// Gets DOORS' automation object afresh, waiting with the user until DOORS is ready; false when the user
+  /// gives up.
+  bool EnsureDoors();
+
+  /// Runs the DXL script of that id and returns its answer. `parameters` are put into DOORS' one result slot
+  /// first; fields of one parameter text are joined by "~", and a script that takes none is given none.
+  Text RunScript(int id, const Text& parameters) const;
+  Text RunScript(int id) const;
+
+  const Platform& platform() const { return platform_; }
+
+ private:
+  const Platform& platform_;
+};
+
+/// True when a script's answer is one of its own error messages.
+bool IsScriptError(TextView answer);
+
+}  // namespace kestrune

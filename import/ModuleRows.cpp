@@ -1,0 +1,68 @@
+#include "import/ModuleRows.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "common/Resources.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+enum class Walk : char { kUnseen, kOnPath, kDone };
+
+}  // namespace
+
+ModuleRows::ModuleRows(const DataTable& module) {
+  std::unordered_map<Text, std::size_t> place;  // identifier to index in rows_
+  for (std::size_t row = 1; row <= module.UpperRow(); ++row) {
+    const Text identifier = module.At(row, column::kIdentifier).ToText();
+    if (identifier.empty()) {
+      object_warnings_.push_back(FormatResText(text::kNoIdentifier, {module.At(row, column::kKey).ToText()}));
+    } else if (!place.emplace(identifier, rows_.size()).second) {
+      object_warnings_.push_back(FormatResText(text::kDoubledInModule, {identifier}));
+    } else {
+      rows_.push_back({row, identifier, module.At(row, column::kParent).ToText()});
+    }
+  }
+  std::vector<std::size_t> parent_of(rows_.size(), kNone);
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (rows_[i].Parent.empty()) continue;
+    const auto found = place.find(rows_[i].Parent);
+    if (found == place.end())
+      CutParent(rows_[i], FormatResText(text::kParentMissing, {rows_[i].Parent, rows_[i].Identifier}));
+    else
+      parent_of[i] = found->second;
+  }
+  CutCircles(parent_of);
+}
+
+void ModuleRows::CutParent(ModuleRow& row, Text warning) {
+  row.Parent.clear();
+  parent_warnings_.push_back(std::move(warning));
+}
+
+// Walks up from every row until a row that is known to lead to the top; a walk that meets itself has found a
+// circle.
+void ModuleRows::CutCircles(const std::vector<std::size_t>& parent_of) {
+  std::vector<Walk> state(rows_.size(), Walk::kUnseen);
+  std::vector<std::size_t> path;
+  for (std::size_t start = 0; start < rows_.size(); ++start) {
+    path.clear();
+    std::size_t at = start;
+    for (; at != kNone && state[at] == Walk::kUnseen; at = parent_of[at]) {
+      state[at] = Walk::kOnPath;
+      path.push_back(at);
+    }
+    if (at != kNone && state[at] == Walk::kOnPath) {
+      const auto circle = std::find(path.begin(), path.end(), at);
+      ModuleRow& first = rows_[*std::min_element(circle, path.end())];
+      CutParent(first, FormatResText(text::kParentCycle, {first.Identifier}));
+    }
+    for (const std::size_t seen : path) state[seen] = Walk::kDone;
+  }
+}
+
+}  // namespace kestrune

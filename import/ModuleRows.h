@@ -1,0 +1,35 @@
+// The module's objects as an import can use them: each with an identifier of its own and a parent that leads
+// to the top.
+#pragma once
+
+#include "documents/DataTable.h"
+
+namespace kestrune {
+
+struct ModuleRow {
+  std::size_t Row;  // of the module's table
+  Text Identifier;
+  Text Parent;  // the parent's identifier; "" at the top
+};
+
+/// Objects without an identifier, and all but the first with the same one, are left out; a parent that is not
+/// there, and one link of every circle of parents, is cut. Each of that is told in words. A sound module has
+/// none of it.
+class ModuleRows {
+ public:
+  explicit ModuleRows(const DataTable& module);
+
+  const std::vector<ModuleRow>& All() const { return rows_; }  // in module order
+  const std::vector<Text>& ObjectWarnings() const { return object_warnings_; }
+  const std::vector<Text>& ParentWarnings() const { return parent_warnings_; }
+
+ private:
+  void CutParent(ModuleRow& row, Text warning);
+  void CutCircles(const std::vector<std::size_t>& parent_of);
+
+  std::vector<ModuleRow> rows_;
+  std::vector<Text> object_warnings_;
+  std::vector<Text> parent_warnings_;
+};
+
+}  // namespace kestrune

@@ -1,0 +1,225 @@
+#include "import/frmImport.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "common/Utilities.h"
+#include "import/AddImportFields.h"
+#include "platform/Files.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr std::int32_t kExportCaptionDirection = 1;
+constexpr std::uint32_t kRefusedByDoors = error::kBase + 2;
+constexpr int kBadExportHelp = 6740;
+constexpr TextView kViewErrorPrefix = u"Error: View '";
+constexpr std::size_t kErrorPrefixLength = 7;  // of "Error: "
+
+[[noreturn]] void ThrowRefused(Text description) {
+  throw AutomationError(kRefusedByDoors, u"frmImport", std::move(description));
+}
+
+}  // namespace
+
+frmImport::frmImport(Doors& doors) : doors_(doors), desktop_(doors.platform().desktop) {
+  cmdClose.Click = [this] { Close(); };
+  cmdHelp.Click = [this] { desktop_.SendHelpKey(*this); };
+  Timer1.Tick = [this] { Timer1_Tick(); };
+}
+
+void frmImport::Transfer(const orim::Repository& Repos, std::int32_t Direction) {
+  repository_ = Repos;
+  direction_ = Direction;
+  desktop_.ShowModal(*this);
+}
+
+void frmImport::Form_Load() {
+  Label1.SetCaption(LoadResText(text::kDetails));
+  cmdClose.SetCaption(LoadResText(text::kClose));
+  cmdHelp.SetCaption(LoadResText(text::kHelp));
+  SetCaption(
+      LoadResText(direction_ == kExportCaptionDirection ? text::kExportProgress : text::kImportProgress));
+  HelpContextID = 6340;
+  ApplyStandardFont(*this);
+  cmdClose.SetEnabled(false);
+  Timer1.Interval = 100;
+}
+
+void frmImport::Form_CloseBox() {
+  if (cmdClose.Enabled()) Close();
+}
+
+// The window is painted before DOORS is contacted: the work starts with the first tick, and there is no
+// second.
+void frmImport::Timer1_Tick() {
+  Timer1.SetEnabled(false);
+  try {
+    RunTransfer();
+  } catch (const AutomationError& failure) {
+    ReportFailure(failure);
+    cmdClose.SetEnabled(true);
+  }
+}
+
+void frmImport::RunTransfer() {
+  open_group_ = -1;
+  Progress(LoadResText(text::kConnecting));
+  if (!doors_.EnsureDoors()) return Close();
+  const orim::Package package = repository_.SelectedPackage();
+  const Text module_path = package ? GetLinkModulePath(doors_.platform(), package.PackageGuid()) : Text();
+  if (module_path.empty()) {
+    ShowMessage(desktop_, LoadResText(text::kModulePathNotSet), Icon::kStop);
+    return Close();
+  }
+  if (!LoadOptions(package, module_path)) return Close();
+  ExportModule(module_path);
+  LoadDocuments();
+  Progress(LoadResText(text::kComparing));
+  if (direction_ != 0)
+    CompareForExport(doors_doc_->GetData(), *orim_doc_);
+  else
+    Import(package);
+}
+
+bool frmImport::LoadOptions(const orim::Package& package, const Text& module_path) {
+  if (!Options(doors_).EnsureOK(repository_, package, module_path)) return false;
+  options_ = std::make_unique<Options>(doors_);
+  if (!options_->Load(package)) return false;
+  doors_doc_ = std::make_unique<DoorsDoc>();
+  orim_doc_ = std::make_unique<OrimDoc>(repository_, package);
+  AddImportFields(*options_, *orim_doc_, *doors_doc_);
+  return true;
+}
+
+void frmImport::ExportModule(const Text& module_path) {
+  Progress(LoadResText(text::kCheckingModule));
+  const Text& view = options_->RestrictToView;
+  const Text parameters = module_path + (view.empty() ? u"~0~~" : u"~0~" + view);
+  const WindowHandle foreground = desktop_.Foreground();
+  const Text answer = doors_.RunScript(dxl_script::kExportModule, parameters);
+  // A module that is displayed for its view brings DOORS to the front.
+  if (desktop_.Foreground() != foreground) desktop_.Minimize(desktop_.Foreground());
+  RequireFile(answer);
+  export_path_ = answer;
+}
+
+void frmImport::RequireFile(const Text& answer) const {
+  if (answer.empty()) ThrowRefused(LoadResText(text::kInvalidResponse));
+  if (!IsScriptError(answer)) return;
+  Text description = answer.substr(kErrorPrefixLength);
+  if (answer.starts_with(kViewErrorPrefix)) description += u"\r\n\r\n" + LoadResText(text::kViewAdvice);
+  ThrowRefused(std::move(description));
+}
+
+void frmImport::LoadDocuments() {
+  doors_doc_->Load(export_path_, *options_, doors_.platform(), repository_);
+  RemoveFile(export_path_);
+  desktop_.PumpMessages();
+  Progress(LoadResText(text::kCheckingPackage));
+  orim_doc_->Load();
+}
+
+void frmImport::CompareForExport(const DataTable& module, const OrimDoc& package) {
+  std::unordered_set<Text> in_module;
+  for (std::size_t row = 1; row <= module.UpperRow(); ++row)
+    in_module.insert(module.At(row, column::kIdentifier).ToText());
+  const DataTable& elements = package.GetData();
+  for (std::size_t row = 1; row <= elements.UpperRow(); ++row) {
+    if (in_module.contains(elements.At(row, column::kIdentifier).ToText())) continue;
+    const auto element = repository_.ElementByID(elements.At(row, column::kKey).ToInt());
+    Progress(FormatResText(text::kItemNew, {element.Name()}));
+  }
+  Finish();
+}
+
+void frmImport::Import(const orim::Package& package) {
+  const auto result = Synchronisation(repository_, package, doors_doc_->GetData(), *orim_doc_, *this).Run();
+  if (!result.FailedFields.empty()) OfferExclusion(result.FailedFields);
+  Progress(LoadResText(text::kUpdatingUi));
+  repository_.RefreshModelView(package.PackageID());
+  Finish();
+  if (result.Archived > 0) ShowSummary(text::kArchivedSummary, result.Archived);
+  if (result.Restored > 0) ShowSummary(text::kRestoredSummary, result.Restored);
+}
+
+void frmImport::OfferExclusion(const std::vector<Text>& failed_fields) {
+  Text names;
+  for (const Text& field : failed_fields) names += (names.empty() ? u"" : u", ") + field;
+  if (!AskYesNo(desktop_, FormatResText(text::kExcludeQuestion, {names}), Icon::kExclamation)) return;
+  for (const Text& field : failed_fields) ExcludeField(field);
+  options_->Save();
+}
+
+// A field failed under the name that it has in the host; what is excluded is the attribute that was to fill
+// it.
+void frmImport::ExcludeField(const Text& field) {
+  const auto fills_field = [&field](const MappingRule& rule) {
+    return rule.Target == target::kTaggedValue ? rule.Attribute == field : rule.Target == field;
+  };
+  const auto& rules = options_->Rules;
+  const auto rule = std::find_if(rules.begin() + Options::kFirstUserSlot, rules.end(), fills_field);
+  if (rule != rules.end()) options_->RemoveAttribute(Text(rule->Attribute));
+}
+
+void frmImport::Finish() {
+  cmdClose.SetEnabled(true);
+  Progress(LoadResText(text::kImportComplete));
+}
+
+void frmImport::ShowSummary(int line_id, std::size_t count) {
+  ShowMessage(desktop_,
+              FormatResText(line_id, {ToText(static_cast<long long>(count)), LoadResText(text::kTrashCan)}),
+              Icon::kInformation);
+}
+
+void frmImport::ReportFailure(const AutomationError& failure) {
+  const Text composed =
+      failure.Description + u"\r\n(Error Code: " + ToText(static_cast<std::int32_t>(failure.Number)) + u")";
+  switch (failure.Number) {
+    case error::kNotConnected:
+    case error::kCallFailed:
+      return ShowMessage(desktop_, FormatResText(text::kDoorsFailure), Icon::kExclamation);
+    case DoorsDoc::kBadExport:
+      return ReportBadExport(composed);
+    default:
+      return ShowMessage(desktop_, composed, Icon::kExclamation);
+  }
+}
+
+void frmImport::ReportBadExport(const Text& composed) {
+  desktop_.Show({.Body = FormatResText(text::kUnexpectedData, {composed, LoadResText(text::kSupportAddress)}),
+                 .Title = LoadResText(text::kTitle),
+                 .Icon = Icon::kStop,
+                 .HelpContext = kBadExportHelp});
+  if (AskYesNo(desktop_, LoadResText(text::kBrowseToFile), Icon::kQuestion))
+    desktop_.StartCommand(u"Explorer.exe ,/select ,\"" + export_path_ + u"\"");
+}
+
+void frmImport::Progress(const Text& msg) {
+  List1.AddItem(msg);
+  List1.SetListIndex(static_cast<int>(List1.Items().size()) - 1);
+  List1.Repaint();
+}
+
+void frmImport::ProgressModify(const Text& ID, const Text& Modification) {
+  const Text head = u"   " + ID + u":";
+  const bool same_item =
+      open_group_ >= 0 && TextView(List1.Items()[static_cast<std::size_t>(open_group_)]).starts_with(head);
+  if (!same_item) {
+    Progress(head + u" ... " + Modification);
+    open_group_ = static_cast<int>(List1.Items().size()) - 1;
+    return;
+  }
+  const auto group = static_cast<std::size_t>(open_group_);
+  const Text line = List1.Items()[group];
+  if (line.size() > head.size()) {
+    // The group's first change still stands in its head: it moves to a line of its own.
+    List1.AddItem(u"    " + line.substr(head.size() + 1));
+    List1.SetItem(group, head);
+  }
+  Progress(u"    ... " + Modification);
+}
+
+}  // namespace kestrune

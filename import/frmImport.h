@@ -1,0 +1,60 @@
+// The window through which every transfer runs: it drives the transfer and shows what it does, line by line.
+#pragma once
+
+#include "documents/DoorsDoc.h"
+#include "documents/ImportProgress.h"
+#include "doors/Doors.h"
+#include "import/Synchronisation.h"
+#include "options/Options.h"
+
+namespace kestrune {
+
+/// One window serves one transfer. It cannot be closed while the transfer runs.
+class frmImport : public Form, public ImportProgress {
+ public:
+  explicit frmImport(Doors& doors);
+
+  /// Opens the window and runs the transfer of the package selected in the host: Direction 0 imports, any
+  /// other value compares for an export and changes nothing. Returns when the window has been closed.
+  void Transfer(const orim::Repository& Repos, std::int32_t Direction);
+
+  void Progress(const Text& msg) override;
+  void ProgressModify(const Text& ID, const Text& Modification) override;
+
+  Label Label1{this, u"Label1"};
+  ListBox List1{this, u"List1"};
+  Button cmdClose{this, u"cmdClose"};
+  Button cmdHelp{this, u"cmdHelp"};
+  Timer Timer1{this, u"Timer1"};
+
+ private:
+  void Form_Load() override;
+  void Form_CloseBox() override;
+  void Timer1_Tick();
+
+  void RunTransfer();
+  bool LoadOptions(const orim::Package& package, const Text& module_path);
+  void ExportModule(const Text& module_path);
+  void RequireFile(const Text& answer) const;
+  void LoadDocuments();
+  void CompareForExport(const DataTable& module, const OrimDoc& package);
+  void Import(const orim::Package& package);
+  void OfferExclusion(const std::vector<Text>& failed_fields);
+  void ExcludeField(const Text& field);
+  void Finish();
+  void ShowSummary(int line_id, std::size_t count);
+  void ReportFailure(const AutomationError& failure);
+  void ReportBadExport(const Text& composed);
+
+  Doors& doors_;
+  Desktop& desktop_;
+  orim::Repository repository_;
+  std::int32_t direction_ = 0;
+  int open_group_ = -1;  // the line that heads the present group of changes
+  Text export_path_;
+  std::unique_ptr<Options> options_;
+  std::unique_ptr<DoorsDoc> doors_doc_;
+  std::unique_ptr<OrimDoc> orim_doc_;
+};
+
+}  // namespace kestrune

@@ -1,0 +1,126 @@
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <utf8.h>
+
+namespace kestrune {
+
+namespace {
+
+constexpr char16_t kReplacement = u'\uFFFD';
+
+bool IsHighSurrogate(char16_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLowSurrogate(char16_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+bool IsWellFormed(TextView text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (IsLowSurrogate(text[i])) return false;
+    if (!IsHighSurrogate(text[i])) continue;
+    if (i + 1 == text.size() || !IsLowSurrogate(text[i + 1])) return false;
+    ++i;
+  }
+  return true;
+}
+
+Text WithoutLoneSurrogates(TextView text) {
+  Text mended(text);
+  for (std::size_t i = 0; i < mended.size(); ++i) {
+    const bool pair = IsHighSurrogate(mended[i]) && i + 1 < mended.size() && IsLowSurrogate(mended[i + 1]);
+    if (pair)
+      ++i;
+    else if (IsHighSurrogate(mended[i]) || IsLowSurrogate(mended[i]))
+      mended[i] = kReplacement;
+  }
+  return mended;
+}
+
+template <typename Convert>
+Text Mapped(TextView text, Convert convert) {
+  Text mapped(text);
+  std::transform(mapped.begin(), mapped.end(), mapped.begin(), convert);
+  return mapped;
+}
+
+}  // namespace
+
+std::string ToUtf8(TextView text) {
+  if (!IsWellFormed(text)) return ToUtf8(WithoutLoneSurrogates(text));
+  std::string utf8;
+  utf8.reserve(text.size());
+  utf8::unchecked::utf16to8(text.begin(), text.end(), std::back_inserter(utf8));
+  return utf8;
+}
+
+Text FromUtf8(std::string_view utf8) {
+  const auto ascii_end =
+      std::find_if(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  Text text(utf8.begin(), ascii_end);
+  if (ascii_end == utf8.end()) return text;
+  if (!utf8::is_valid(ascii_end, utf8.end())) {
+    std::string mended;
+    utf8::replace_invalid(utf8.begin(), utf8.end(), std::back_inserter(mended));
+    return FromUtf8(mended);
+  }
+  text.reserve(utf8.size());
+  utf8::unchecked::utf8to16(ascii_end, utf8.end(), std::back_inserter(text));
+  return text;
+}
+
+Text ToText(long long number) {
+  return FromUtf8(std::to_string(number));
+}
+
+TextView Trim(TextView text) {
+  const auto is_blank = [](char16_t unit) { return unit <= u' '; };
+  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+std::vector<Text> Split(TextView text, TextView separator) {
+  std::vector<Text> pieces;
+  for (;;) {
+    const auto at = text.find(separator);
+    pieces.emplace_back(text.substr(0, at));
+    if (at == TextView::npos) return pieces;
+    text.remove_prefix(at + separator.size());
+  }
+}
+
+Text AsciiUpper(TextView text) {
+  return Mapped(text, [](char16_t c) { return c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c; });
+}
+
+Text AsciiLower(TextView text) {
+  return Mapped(text, [](char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c - u'A' + u'a') : c; });
+}
+
+Text WidenLineFeeds(Text text) {
+  const auto is_bare = [&text](std::size_t i) {
+    return text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r');
+  };
+  std::size_t bare = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) bare += is_bare(i);
+  if (bare == 0) return text;
+  Text widened;
+  widened.reserve(text.size() + bare);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (is_bare(i)) widened += u'\r';
+    widened += text[i];
+  }
+  return widened;
+}
+
+double NumericValue(TextView text) {
+  const std::string utf8 = ToUtf8(Trim(text).substr(0, 64));
+  const auto end = utf8.find_first_not_of("+-.0123456789eE");
+  return std::strtod(utf8.substr(0, end).c_str(), nullptr);
+}
+
+}  // namespace kestrune

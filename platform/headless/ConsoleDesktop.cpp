@@ -1,0 +1,69 @@
+#include "platform/headless/ConsoleDesktop.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace kestrune {
+
+/// Prints a list box line by line. The last line is held back until another one follows, and so are those that only
+/// continue it: the head of a group of changes is rewritten when its second change comes.
+class ConsoleDesktop::LinePrinter : public FormPeer {
+ public:
+  LinePrinter(const ListBox& list, std::ostream& out) : list_(list), out_(out) {}
+
+  void FormChanged(Form&) override {}
+  void SetFocus(Control&) override {}
+  void PopUp(Menu&, Control&) override {}
+  void ControlChanged(Control&) override {}
+  void Repaint(Control& control) override {
+    if (&control != &list_) return;
+    const auto& lines = list_.Items();
+    std::size_t settled = lines.size() - 1;
+    while (settled > printed_ && lines[settled].starts_with(u"    ")) --settled;
+    Print(settled);
+  }
+  void Flush() { Print(list_.Items().size()); }
+
+ private:
+  void Print(std::size_t end) {
+    for (; printed_ < end; ++printed_) out_ << ToUtf8(list_.Items()[printed_]) << '\n';
+    out_.flush();
+  }
+
+  const ListBox& list_;
+  std::ostream& out_;
+  std::size_t printed_ = 0;
+};
+
+FormPeer* ConsoleDesktop::PeerFor(Form& form) {
+  const auto* list = dynamic_cast<ListBox*>(form.FindControl(printed_list_));
+  if (!list) return nullptr;
+  printer_ = std::make_shared<LinePrinter>(*list, out_);
+  return printer_.get();
+}
+
+void ConsoleDesktop::Use(Form& form) {
+  const bool is_printed = form.Peer() != nullptr;
+  const auto printer = printer_;
+  const bool was_used = std::any_of(users_.begin(), users_.end(), [&](const auto& use) { return use(form); });
+  if (is_printed) printer->Flush();
+  if (!was_used) err_ << "[" << ToUtf8(form.Caption) << "] (closed: there is nobody to use it)\n";
+}
+
+Answer ConsoleDesktop::AnswerTo(const Message& message) {
+  if (printer_) printer_->Flush();
+  err_ << "[" << ToUtf8(message.Title) << "] " << ToUtf8(message.Body) << std::endl;
+  if (message.Buttons == Buttons::kOk) return Answer::kOk;
+  if (fixed_answer_) return *fixed_answer_;
+  const auto entry = TextFor(message.Title, u"Yes or No?");
+  return entry && (*entry == u"y" || *entry == u"yes" || *entry == u"Yes") ? Answer::kYes : Answer::kNo;
+}
+
+std::optional<Text> ConsoleDesktop::TextFor(const Text&, const Text& prompt) {
+  err_ << ToUtf8(prompt) << ' ' << std::flush;
+  std::string line;
+  if (!std::getline(in_, line)) return std::nullopt;
+  return FromUtf8(line);
+}
+
+}  // namespace kestrune

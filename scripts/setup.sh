@@ -1,0 +1,23 @@
+#!/bin/sh
+# Sees to it that what the build needs is installed: installs what is missing when run as root, else says what to install.
+set -eu
+
+packages="g++ cmake ninja-build pkg-config ccache libxml2-dev libsqlite3-dev libzip-dev libcli11-dev libutfcpp-dev
+libgtest-dev libbenchmark-dev"
+
+missing=""
+for package in $packages; do
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing="$missing $package"
+done
+[ -z "$missing" ] && exit 0
+
+if [ "$(id -u)" -ne 0 ]; then
+  echo "These packages are missing; install them and try again:" >&2
+  echo "  sudo apt-get install --no-install-recommends$missing" >&2
+  exit 1
+fi
+echo "Installing$missing"
+export DEBIAN_FRONTEND=noninteractive
+apt-get update -q
+# shellcheck disable=SC2086
+apt-get install -y -q --no-install-recommends $missing
