@@ -49,6 +49,7 @@ void RefuseDtd(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
   auto* context = static_cast<xmlParserCtxt*>(parser);
   context->_private = const_cast<char*>(kDtdRefused);
   xmlStopParser(context);
+  context->wellFormed = 0;
 }
 
 Owned<xmlParserCtxt> NewParser() {
@@ -141,6 +142,8 @@ struct XmlDocument::Peer {
   std::vector<xmlNode*> Find(TextView xpath) const {
     if (!document) return {};
     const Owned<xmlXPathContext> context(xmlXPathNewContext(document));
+    context->node = reinterpret_cast<xmlNode*>(document);
+    context->error = [](void*, xmlError*) {};  // thrown below, not printed
     const Owned<xmlXPathObject> found(xmlXPathEvalExpression(Bytes(ToUtf8(xpath)), context.get()));
     if (!found) {
       throw AutomationError(error::kTypeMismatch, u"XmlDocument", Text(u"Not an XPath: ").append(xpath));
@@ -202,7 +205,17 @@ XmlNode XmlDocument::AppendRoot(TextView name) {
 }
 
 bool XmlDocument::Save(const Text& path) const {
-  return peer_->document && xmlSaveFormatFileEnc(ToUtf8(path).c_str(), peer_->document, "UTF-8", 0) >= 0;
+  xmlChar* bytes = nullptr;
+  int size = 0;
+  xmlDocDumpFormatMemoryEnc(peer_->document, &bytes, &size, "UTF-8", 0);
+  const Owned<xmlChar> owned(bytes);
+  if (!owned) return false;
+  try {
+    WriteFile(path, {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)});
+    return true;
+  } catch (const AutomationError&) {
+    return false;
+  }
 }
 
 }  // namespace kestrune

@@ -1,0 +1,130 @@
+#include "documents/ElementFieldWriter.h"
+#include "documents/ElementFields.h"
+#include "tests/support/TestHost.h"
+
+namespace kestrune {
+namespace {
+
+using testing::TestHost;
+using workbench::HostFaults;
+
+struct RecordedProgress : ImportProgress {
+  void Progress(const Text& msg) override { lines.push_back(msg); }
+  void ProgressModify(const Text& ID, const Text& Modification) override {
+    lines.push_back(ID + u" | " + Modification);
+  }
+  std::vector<Text> lines;
+};
+
+constexpr std::size_t kTag = 5;
+
+struct FieldWriterTest : ::testing::Test, TestHost {
+  FieldWriterTest() {
+    for (const char16_t* target :
+         {u"(Tagged Value) Object Identifier", u"(Calculated) Level", u"(Calculated) Parent",
+          u"(Calculated) Position", u"(Tagged Value) Rationale"})
+      doc.AddField(target);
+    for (const ElementField& field : kElementFields) doc.AddField(Text(field.Name));
+    doc.Load();
+    for (std::size_t row = 1; row <= doc.GetData().UpperRow(); ++row)
+      index.Add(doc.GetData().At(row, 1).ToText(), row);
+  }
+  orim::TaggedValue Rationale() { return Fresh().TaggedValues().Find(u"Rationale"); }
+  orim::Element Fresh() { return repository.ElementByID(element.ElementID()); }
+
+  orim::Element element = AddElement(u"First", {{u"Object Identifier", u"R1"}});
+  OrimDoc doc{repository, Package()};
+  ElementIndex index{doc.GetData()};
+  RecordedProgress progress;
+  ElementFieldWriter writer{progress, doc, index};
+};
+
+TEST_F(FieldWriterTest, EveryElementFieldIsSaved) {
+  for (std::size_t i = 0; i < kElementFields.size(); ++i) {
+    const Text value = u"new " + Text(kElementFields[i].Name);
+    writer.Write(element, 1, kTag + 1 + i, value);
+    EXPECT_EQ(Fresh().Field(kElementFields[i].Name), value);
+  }
+  EXPECT_TRUE(writer.FailedFields().empty());
+}
+
+TEST_F(FieldWriterTest, ATaggedValueTakes255CharactersAndMoreAsAMemo) {
+  const struct {
+    const char* name;
+    Text value;
+    bool is_memo;
+  } cases[] = {{"made", u"short", false},
+               {"255", Text(255, u'x'), false},
+               {"256", Text(256, u'x'), true},
+               {"another memo", Text(1000, u'y'), true},
+               {"back to short", u"short", false},
+               {"the literal", u"<memo>", true},
+               {"emptied", u"", false}};
+  for (const auto& each : cases) {
+    writer.Write(element, 1, kTag, each.value);
+    EXPECT_EQ(Rationale().Value(), each.is_memo ? u"<memo>" : each.value) << each.name;
+    EXPECT_EQ(Rationale().Notes(), each.is_memo ? each.value : u"") << each.name;
+    EXPECT_EQ(Fresh().TaggedValues().Count(), 2) << each.name;
+  }
+}
+
+TEST_F(FieldWriterTest, NotesThatAUserKeptBesideAShortValueStay) {
+  writer.Write(element, 1, kTag, u"one");
+  const orim::TaggedValue kept = Rationale();
+  kept.SetNotes(u"mine");
+  kept.Save();
+  writer.Write(element, 1, kTag, u"two");
+  EXPECT_EQ(Rationale().Notes(), u"mine");
+}
+
+TEST_F(FieldWriterTest, ParentsAreFoundInThePackageAndAmongTheNew) {
+  const orim::Element second = AddElement(u"Second");
+  const orim::Element made = AddElement(u"Made");
+  const std::size_t made_row = index.AddCreated(u"R9", made.ElementID());
+  const auto parent_of = [&](const orim::Element& child) {
+    for (const auto& item : model.Tree(package_id))
+      if (item.Id == child.ElementID()) return item.ParentId;
+    return -1;
+  };
+  writer.Write(second, made_row + 1, column::kParent, u"R1");
+  EXPECT_EQ(parent_of(second), element.ElementID());
+  writer.Write(second, made_row + 1, column::kParent, u"R9");
+  EXPECT_EQ(parent_of(second), made.ElementID());
+  writer.Write(second, made_row + 1, column::kParent, Variant());
+  EXPECT_EQ(parent_of(second), 0);
+  EXPECT_TRUE(progress.lines.empty()) << "nothing is shown for an element of this import";
+}
+
+TEST_F(FieldWriterTest, TheLevelIsNeverWritten) {
+  model.Counters().Reset();
+  writer.Write(element, index.AddCreated(u"R2", element.ElementID()), column::kLevel, 3);
+  EXPECT_EQ(model.Counters().Writes(), 0);
+}
+
+TEST_F(FieldWriterTest, AChangeIsShownWithOldAndNew) {
+  writer.Write(element, 1, kTag + 1, u"Renamed");
+  EXPECT_EQ(progress.lines, std::vector<Text>{u"First | Name: First --> Renamed"});
+}
+
+TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
+  const AutomationError refusal(0x80004005, u"host", u"The host says no");
+  for (const auto moment : {HostFaults::Moment::kPut, HostFaults::Moment::kSave}) {
+    ElementFieldWriter fresh(progress, doc, index);
+    model.Faults().FailElementField(u"Status", moment, refusal);
+    model.Faults().FailTaggedValue(u"Rationale", moment, refusal);
+    const std::size_t status = kTag + 10;
+    for (const char16_t* value : {u"one", u"two"}) {
+      fresh.Write(Fresh(), 1, status, value);
+      fresh.Write(Fresh(), 1, kTag, value);
+      fresh.Write(Fresh(), 1, kTag + 2, value);
+    }
+    EXPECT_EQ(fresh.FailedFields(), (std::vector<Text>{u"Status", u"Rationale"}));
+    EXPECT_EQ(std::count(progress.lines.begin(), progress.lines.end(), u"ERROR: The host says no"), 2);
+    EXPECT_EQ(Fresh().Field(u"Status"), u"");
+    EXPECT_EQ(Fresh().Field(u"Alias"), u"two");
+    progress.lines.clear();
+  }
+}
+
+}  // namespace
+}  // namespace kestrune

@@ -1,0 +1,160 @@
+#include "documents/OrimDoc.h"
+#include "tests/support/TestHost.h"
+
+namespace kestrune {
+namespace {
+
+using testing::TestHost;
+using workbench::ColumnSpelling;
+
+struct OrimDocTest : ::testing::Test, TestHost {
+  OrimDocTest() {
+    for (const char16_t* fixed : {u"(Tagged Value) Object Identifier", u"(Calculated) Level",
+                                  u"(Calculated) Parent", u"(Calculated) Position"})
+      doc.AddField(fixed);
+  }
+  const DataTable& Load() {
+    doc.Load();
+    return doc.GetData();
+  }
+  AutomationError LoadFailure() {
+    try {
+      doc.Load();
+    } catch (const AutomationError& failure) {
+      return failure;
+    }
+    ADD_FAILURE() << "this was read";
+    return {0, u"", u""};
+  }
+
+  OrimDoc doc{repository, Package()};
+};
+
+TEST_F(OrimDocTest, APackageWithoutImportedElementsHasNoRows) {
+  AddElement(u"drawn by hand");
+  AddElement(u"drawn by hand", {{u"Status of mine", u"x"}});
+  EXPECT_EQ(Load().UpperRow(), 0u);
+}
+
+TEST_F(OrimDocTest, ReadsTheSameUnderEverySpelling) {
+  const orim::Element parent =
+      AddElement(u"Parent", {{u"Object Identifier", u"R1"}, {u"Created By", u"Ann"}});
+  const orim::Element child =
+      AddElement(u"Child", {{u"Object Identifier", u"R2"}, {u"created by", u"other case"}});
+  child.SetField(u"Notes", u"one\ntwo");
+  child.SetField(u"Priority", u"High");
+  child.SetParentID(parent.ElementID());
+  child.SetTreePos(20);
+  child.Save();
+  for (const char16_t* target : {u"Notes", u"Priority", u"(Tagged Value) Created By", u"Name"})
+    doc.AddField(target);
+  for (const auto spelling : {ColumnSpelling::kAsWritten, ColumnSpelling::kUpper, ColumnSpelling::kLower}) {
+    model.SetColumnSpelling(spelling);
+    OrimDoc fresh = doc;
+    fresh.Load();
+    const DataTable& table = fresh.GetData();
+    ASSERT_EQ(table.UpperRow(), 2u);
+    const Variant expected[2][9] = {
+        {parent.ElementID(), u"R1", {}, u"", 0, {}, {}, u"Ann", u"Parent"},
+        {child.ElementID(), u"R2", {}, u"R1", 20, u"one\r\ntwo", u"High", {}, u"Child"}};
+    for (std::size_t row = 1; row <= 2; ++row)
+      for (std::size_t c = 0; c < 9; ++c)
+        EXPECT_EQ(table.At(row, c), expected[row - 1][c]) << row << ", " << c;
+  }
+}
+
+TEST_F(OrimDocTest, CoversThePackageAndItsTrashOnly) {
+  const auto add_package = [&](const Text& name) {
+    const orim::Package child = Package().Packages().AddNew(name, u"");
+    child.Save();
+    return child;
+  };
+  const auto add_to = [](const orim::Package& package, const Text& identifier) {
+    const orim::Element element = package.Elements().AddNew(u"x", u"Requirement");
+    element.Save();
+    element.TaggedValues().AddNew(u"Object Identifier", identifier).Save();
+  };
+  add_to(add_package(u"Other"), u"R1");
+  add_to(add_package(u"Trash Can"), u"R2");
+  add_to(Package(), u"R3");
+  const DataTable& table = Load();
+  ASSERT_EQ(table.UpperRow(), 2u);
+  EXPECT_EQ(table.At(1, 1), u"R2");
+  EXPECT_EQ(table.At(2, 1), u"R3");
+}
+
+TEST_F(OrimDocTest, AnUnknownFieldIsNamed) {
+  doc.AddField(u"Colour");
+  const auto failure = LoadFailure();
+  EXPECT_EQ(failure.Number, error::kBase + 1);
+  EXPECT_EQ(failure.Description, u"Unknown field: Colour");
+}
+
+TEST_F(OrimDocTest, AnElementBelowOneThatWasNotImportedIsNamed) {
+  const orim::Element foreign = AddElement(u"drawn by hand");
+  const orim::Element child = AddElement(u"Child", {{u"Object Identifier", u"R1"}});
+  child.SetParentID(foreign.ElementID());
+  child.Save();
+  const auto failure = LoadFailure();
+  EXPECT_NE(failure.Description.find(u"id " + ToText(child.ElementID())), Text::npos);
+  EXPECT_NE(failure.Description.find(u"id " + ToText(foreign.ElementID())), Text::npos);
+}
+
+TEST_F(OrimDocTest, MemoTextsAreAskedForTogetherWhenOneIsNeeded) {
+  doc.AddField(u"(Tagged Value) Rationale");
+  doc.AddField(u"Notes");
+  for (const char16_t* identifier : {u"R1", u"R2", u"R3"}) {
+    const orim::Element element = AddElement(identifier, {{u"Object Identifier", identifier}});
+    element.SetField(u"Notes", u"<memo>");
+    element.Save();
+    const orim::TaggedValue memo = element.TaggedValues().AddNew(u"Rationale", u"<memo>");
+    memo.SetNotes(Text(u"long text of\n") + identifier);
+    memo.Save();
+  }
+  Load();
+  model.Counters().Reset();
+  EXPECT_EQ(doc.StoredValue(1, 6), u"<memo>") << "only tagged values have memos";
+  EXPECT_EQ(model.Counters().Calls(), 0);
+  EXPECT_EQ(doc.StoredValue(2, 5), u"long text of\r\nR2");
+  const auto calls = model.Counters().Calls();
+  EXPECT_EQ(doc.StoredValue(3, 5), u"long text of\r\nR3");
+  EXPECT_EQ(model.Counters().Calls(), calls);
+  EXPECT_EQ(doc.GetData().At(1, 5), u"<memo>") << "the table holds what the value column holds";
+}
+
+/// A host whose answer to a query is given.
+struct FixedAnswer : Dispatch {
+  explicit FixedAnswer(Text xml) : xml(std::move(xml)) {}
+  Variant Invoke(Access, TextView, Args) override { return xml; }
+  Text xml;
+};
+
+TEST(QueryAnswerTest, AnswersThatAreNotAsExpected) {
+  const auto rows_of = [](Text xml) {
+    int rows = 0;
+    const orim::Repository host(Object(std::make_shared<FixedAnswer>(std::move(xml))));
+    QueryAnswer(host, u"", {u"Object_ID"}).ForEach([&](const QueryAnswer::Row&) { ++rows; });
+    return rows;
+  };
+  EXPECT_EQ(rows_of(u""), 0);
+  EXPECT_EQ(rows_of(u"<ORIMDATA/>"), 0);
+  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data/></Dataset_0></ORIMDATA>"), 0);
+  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data><Row/><Other/></Data></Dataset_0></ORIMDATA>"), 1);
+  EXPECT_THROW(rows_of(u"<ORIMDATA><Dataset_0><Data><Row>"), AutomationError)
+      << "a cut-off answer is no empty package";
+}
+
+TEST(QueryAnswerTest, TheQuerysOwnSpellingWins) {
+  const orim::Repository host(
+      Object(std::make_shared<FixedAnswer>(u"<ORIMDATA><Dataset_0><Data><Row><value>low</value><Value>own</"
+                                           u"Value><VALUE>up</VALUE></Row></Data></Dataset_0>"
+                                           u"</ORIMDATA>")));
+  QueryAnswer(host, u"", {u"Value", u"None"}).ForEach([](const QueryAnswer::Row& row) {
+    EXPECT_EQ(row.GetText(0), u"own");
+    EXPECT_FALSE(row.Has(1));
+    EXPECT_EQ(row.GetNumber(1), 0);
+  });
+}
+
+}  // namespace
+}  // namespace kestrune

@@ -1,0 +1,29 @@
+// A host with one model, in memory: a package "Requirements" that is selected, and what a test wants to know
+// of it.
+#pragma once
+
+#include "orim/Repository.h"
+#include "tests/support/TestPlatform.h"
+#include "workbench/orim/OrimModel.h"
+
+namespace kestrune::testing {
+
+struct TestHost {
+  TestHost() { model.SelectPackage(package_id); }
+
+  /// An element made as a user would make it, saved; tagged values by name.
+  orim::Element AddElement(const Text& name, const std::map<Text, Text>& tagged_values = {}) {
+    const orim::Element element = Package().Elements().AddNew(name, u"Requirement");
+    element.Save();
+    for (const auto& [tag, value] : tagged_values) element.TaggedValues().AddNew(tag, value).Save();
+    return element;
+  }
+  orim::Package Package() const { return repository.PackageByID(package_id); }
+  Text Guid() const { return Package().PackageGuid(); }
+
+  workbench::OrimModel model = workbench::OrimModel::Create(":memory:");
+  std::int32_t package_id = model.AddPackage(0, u"Requirements");
+  orim::Repository repository{model.Repository()};
+};
+
+}  // namespace kestrune::testing
