@@ -22,7 +22,6 @@ constexpr std::int32_t kHideBuiltInMenus = 7;
 constexpr TextView kAddInFile = u"Kestrune.dll";
 constexpr std::int32_t kImport = 0;
 constexpr std::int32_t kExport = 1;
-constexpr std::int32_t kSaveAndImport = 2;  // how the options dialog may close
 
 Text WithSeparator(Text folder) {
   if (!folder.ends_with(u'\\')) folder += u'\\';
@@ -101,7 +100,7 @@ void OrimDoors::Transfer(const orim::Repository& repository, std::int32_t direct
 void OrimDoors::EditOptions(const orim::Repository& repository) {
   const orim::Package package = repository.SelectedPackage();
   if (!package || !Options(doors_).EnsureOK(repository, package, u"")) return;
-  if (frmOptions(doors_).ShowOptions(repository, repository.SelectedPackage()) == kSaveAndImport)
+  if (frmOptions(doors_).ShowOptions(repository, repository.SelectedPackage()) == frmOptions::kSaveAndImport)
     Import(repository);
 }
 

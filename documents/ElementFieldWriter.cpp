@@ -33,7 +33,7 @@ void WriteTaggedValue(const orim::Element& element, const Text& name, const Text
 
 }  // namespace
 
-void ElementFieldWriter::Write(const orim::Element& element, std::size_t row, std::size_t column,
+void ElementFieldWriter::Write(orim::Element& element, std::size_t row, std::size_t column,
                                const Variant& value) {
   const Text& name = package_.Fields()[column - 1].Name;
   if (HasFailed(name)) return;
@@ -43,6 +43,7 @@ void ElementFieldWriter::Write(const orim::Element& element, std::size_t row, st
   } catch (const AutomationError& failure) {
     progress_.Progress(FormatResText(text::kErrorLine, {failure.Description}));
     failed_.push_back(name);
+    element = repository_.ElementByID(element.ElementID());
   }
 }
 

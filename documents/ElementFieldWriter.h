@@ -12,12 +12,13 @@ namespace kestrune {
 /// later element.
 class ElementFieldWriter {
  public:
-  ElementFieldWriter(ImportProgress& progress, const OrimDoc& package, const ElementIndex& index)
-      : progress_(progress), package_(package), index_(index) {}
+  ElementFieldWriter(orim::Repository repository, ImportProgress& progress, const OrimDoc& package,
+                     const ElementIndex& index)
+      : repository_(std::move(repository)), progress_(progress), package_(package), index_(index) {}
 
   /// Writes `value` to field `column` of `element`, which stands in `row`. For an element that was in the
   /// package before, the change is shown.
-  void Write(const orim::Element& element, std::size_t row, std::size_t column, const Variant& value);
+  void Write(orim::Element& element, std::size_t row, std::size_t column, const Variant& value);
 
   /// The names of the fields whose writing failed.
   const std::vector<Text>& FailedFields() const { return failed_; }
@@ -28,6 +29,7 @@ class ElementFieldWriter {
   void WriteField(const orim::Element& element, std::size_t column, const Variant& value) const;
   std::int32_t ParentIdOf(const Text& identifier) const;
 
+  orim::Repository repository_;
   ImportProgress& progress_;
   const OrimDoc& package_;
   const ElementIndex& index_;

@@ -21,7 +21,7 @@ Synchronisation::Synchronisation(orim::Repository repository, orim::Package pack
       progress_(progress),
       objects_(module),
       index_(orim_doc.GetData()),
-      writer_(progress, orim_doc, index_) {}
+      writer_(repository_, progress, orim_doc, index_) {}
 
 SynchronisationResult Synchronisation::Run() {
   FindOrMakeTrash();
@@ -135,7 +135,7 @@ void Synchronisation::SynchronizeDocuments() {
 }
 
 void Synchronisation::CreateElement(const ModuleRow& object) {
-  const orim::Element element = package_.Elements().AddNew(NewElementName(object), kElementType);
+  orim::Element element = package_.Elements().AddNew(NewElementName(object), kElementType);
   element.Save();
   ShowItem(text::kItemNew, element.Name());
   const std::size_t row = index_.AddCreated(object.Identifier, element.ElementID());

@@ -36,7 +36,7 @@ struct FieldWriterTest : ::testing::Test, TestHost {
   OrimDoc doc{repository, Package()};
   ElementIndex index{doc.GetData()};
   RecordedProgress progress;
-  ElementFieldWriter writer{progress, doc, index};
+  ElementFieldWriter writer{repository, progress, doc, index};
 };
 
 TEST_F(FieldWriterTest, EveryElementFieldIsSaved) {
@@ -78,7 +78,7 @@ TEST_F(FieldWriterTest, NotesThatAUserKeptBesideAShortValueStay) {
 }
 
 TEST_F(FieldWriterTest, ParentsAreFoundInThePackageAndAmongTheNew) {
-  const orim::Element second = AddElement(u"Second");
+  orim::Element second = AddElement(u"Second");
   const orim::Element made = AddElement(u"Made");
   const std::size_t made_row = index.AddCreated(u"R9", made.ElementID());
   const auto parent_of = [&](const orim::Element& child) {
@@ -109,14 +109,13 @@ TEST_F(FieldWriterTest, AChangeIsShownWithOldAndNew) {
 TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
   const AutomationError refusal(0x80004005, u"host", u"The host says no");
   for (const auto moment : {HostFaults::Moment::kPut, HostFaults::Moment::kSave}) {
-    ElementFieldWriter fresh(progress, doc, index);
+    ElementFieldWriter fresh(repository, progress, doc, index);
     model.Faults().FailElementField(u"Status", moment, refusal);
     model.Faults().FailTaggedValue(u"Rationale", moment, refusal);
     const std::size_t status = kTag + 10;
     for (const char16_t* value : {u"one", u"two"}) {
-      fresh.Write(Fresh(), 1, status, value);
-      fresh.Write(Fresh(), 1, kTag, value);
-      fresh.Write(Fresh(), 1, kTag + 2, value);
+      orim::Element one = Fresh();
+      for (const std::size_t column : {status, kTag, kTag + 2}) fresh.Write(one, 1, column, value);
     }
     EXPECT_EQ(fresh.FailedFields(), (std::vector<Text>{u"Status", u"Rationale"}));
     EXPECT_EQ(std::count(progress.lines.begin(), progress.lines.end(), u"ERROR: The host says no"), 2);

@@ -1,0 +1,205 @@
+#include "tests/import/ImportTest.h"
+
+namespace kestrune {
+namespace {
+
+using testing::ImportFixture;
+
+struct ImportWindowTest : ImportFixture {
+  ImportWindowTest() { StoreRules({u"Object Heading --> Name"}); }
+};
+
+TEST(ProgressTest, ChangesOfOneItemInARowAreGrouped) {
+  using Change = std::pair<Text, Text>;
+  const struct {
+    const char* name;
+    std::vector<Change> changes;
+    std::vector<Text> lines;
+  } cases[] = {
+      {"once", {{u"REQ-12", u"x"}}, {u"before", u"   REQ-12: ... x"}},
+      {"twice", {{u"A", u"x"}, {u"A", u"y"}}, {u"before", u"   A:", u"    ... x", u"    ... y"}},
+      {"three times",
+       {{u"A", u"x"}, {u"A", u"y"}, {u"A", u"z"}},
+       {u"before", u"   A:", u"    ... x", u"    ... y", u"    ... z"}},
+      {"in turn",
+       {{u"A", u"x"}, {u"B", u"y"}, {u"A", u"z"}},
+       {u"before", u"   A: ... x", u"   B: ... y", u"   A: ... z"}},
+      {"a name that another begins with",
+       {{u"REQ-1", u"x"}, {u"REQ-12", u"y"}, {u"REQ-1", u"z"}},
+       {u"before", u"   REQ-1: ... x", u"   REQ-12: ... y", u"   REQ-1: ... z"}},
+  };
+  testing::TestPlatform test;
+  Doors doors(test.platform);
+  for (const auto& each : cases) {
+    frmImport form(doors);
+    form.Progress(u"before");
+    for (const auto& [item, change] : each.changes) form.ProgressModify(item, change);
+    EXPECT_EQ(form.List1.Items(), each.lines) << each.name;
+    EXPECT_EQ(form.List1.ListIndex(), static_cast<int>(each.lines.size()) - 1) << each.name;
+  }
+}
+
+TEST_F(ImportWindowTest, ShowsEveryStepOfAnImport) {
+  application->Objects = {{{"a1", "R1"}, {"a9", "Scope"}}};
+  EXPECT_EQ(Import(),
+            (std::vector<Text>{u"Connecting to DOORS", u"Checking contents of DOORS module",
+                               u"Checking Orim package contents", u"Comparing...", u"Processing Trash...",
+                               u"Synchronizing documents...", u"   Scope: New", u"Updating Hierarchy...",
+                               u"Updating Orim UI", u"*** Import Complete ***"}));
+  EXPECT_FALSE(IsFile(folder.File(u"DP1"))) << "the export file is deleted";
+  EXPECT_EQ(model.RefreshedPackages(), std::vector<std::int32_t>{package_id});
+}
+
+TEST_F(ImportWindowTest, TheParametersNameModuleAndView) {
+  Import();
+  StoreRules({}, u"Accepted");
+  Import();
+  EXPECT_EQ(application->Parameters, (std::vector<Text>{u"/P/M~0~~", u"/P/M~0~Accepted"}));
+}
+
+TEST_F(ImportWindowTest, AnswersThatAreNoFile) {
+  const struct {
+    Text answer;
+    Text description;
+  } cases[] = {
+      {u"", u"Invalid response from DOORS"},
+      {u"Error: Module '/P/M' not found.", u"Module '/P/M' not found."},
+      {u"Error: View 'v' not available.",
+       u"View 'v' not available.\r\n\r\nThe 'Restrict to View' option must be blank or match the name of a "
+       u"view in the "
+       u"module exactly, including case."},
+  };
+  for (const auto& each : cases) {
+    application->Answer = each.answer;
+    NextMessage(each.description + u"\r\n(Error Code: -2147221502)");
+    EXPECT_EQ(Import().back(), u"Checking contents of DOORS module");
+  }
+  EXPECT_EQ(Tree(), "");
+}
+
+TEST_F(ImportWindowTest, ALostConnectionIsToldAsSuch) {
+  for (const std::uint32_t number : {0x80010108u, 0x800706BEu}) {
+    application->Failure = AutomationError(number, u"DOORS", u"gone");
+    NextMessage(
+        u"Unexpected error communicating with DOORS.\r\n\r\nPlease ensure that DOORS is running with the "
+        u"relevant "
+        u"database open then try again.\r\n");
+    Import();
+  }
+  application->Failure = AutomationError(0x800706BA, u"DOORS", u"The server is not there.");
+  NextMessage(u"The server is not there.\r\n(Error Code: -2147023174)");
+  Import();
+}
+
+TEST_F(ImportWindowTest, AMalformedExportCanBeLookedAt) {
+  application->File = "<DoorsModule>";
+  frmImport form(doors);
+  desktop.OnForm<frmImport>([&](frmImport& opened) {
+    desktop.OnMessage([](const Message& message) {
+      EXPECT_TRUE(message.Body.starts_with(
+          u"Unexpected data encountered during import:\r\n\r\nError Parsing XML Result\r\nFile: "));
+      EXPECT_NE(message.Body.find(u"(Error Code: -2147220503)"), Text::npos);
+      EXPECT_TRUE(message.Body.ends_with(u"go to https://kestrune.example/support\r\n"));
+      EXPECT_EQ(message.Icon, Icon::kStop);
+      EXPECT_EQ(message.HelpContext, 6740);
+      return Answer::kOk;
+    });
+    desktop.OnMessage(u"Browse to xml file?", Answer::kYes);
+    desktop.Tick();
+    opened.CloseByUser();
+  });
+  form.Transfer(repository, 0);
+  const Text path = folder.File(u"DP1");
+  EXPECT_TRUE(IsFile(path)) << "the file is kept to be looked at";
+  EXPECT_EQ(desktop.Commands(), std::vector<Text>{u"Explorer.exe ,/select ,\"" + path + u"\""});
+}
+
+TEST_F(ImportWindowTest, CannotBeClosedWhileTheTransferRuns) {
+  frmImport form(doors);
+  desktop.OnForm<frmImport>([&](frmImport& opened) {
+    application->WhileRunning = [&] {
+      opened.CloseByUser();
+      EXPECT_TRUE(opened.IsOpen());
+      EXPECT_FALSE(opened.cmdClose.Enabled());
+      desktop.Tick();  // the timer has done its one tick
+    };
+    desktop.Tick();
+    EXPECT_EQ(application->Parameters.size(), 1u);
+    opened.CloseByUser();
+    EXPECT_FALSE(opened.IsOpen());
+  });
+  form.Transfer(repository, 0);
+}
+
+TEST_F(ImportWindowTest, ClosesByItselfWhereThereIsNothingToTransfer) {
+  SaveLinkFile(platform, Guid(), u"");
+  NextMessage(u"Module Path not set");
+  Import();
+  model.SelectPackage(0);
+  NextMessage(u"Module Path not set");
+  Import();
+  EXPECT_TRUE(application->Parameters.empty());
+}
+
+TEST_F(ImportWindowTest, ClosesByItselfWhenTheUserGivesUpTheOptionsOrDoors) {
+  const auto open_and_give_up = [&](const std::function<void()>& give_up) {
+    frmImport form(doors);
+    desktop.OnForm<frmImport>([&](frmImport& opened) {
+      give_up();
+      desktop.Tick();
+      EXPECT_FALSE(opened.IsOpen());
+    });
+    form.Transfer(repository, 0);
+  };
+  Options(doors).Clear(Package());
+  open_and_give_up(
+      [&] { desktop.OnForm<frmOptions>([](frmOptions& options) { options.cmdCancel.Press(); }); });
+  desktop.WindowAt(1).Visible = false;
+  open_and_give_up([&] {
+    desktop.OnForm<frmConnectProgress>([](frmConnectProgress& progress) { progress.cmdCancel.Press(); });
+  });
+  EXPECT_EQ(Tree(), "");
+}
+
+TEST_F(ImportWindowTest, MinimizesADoorsThatCameToTheFront) {
+  const WindowHandle module_window = desktop.AddWindow({u"DOORSModule", 0});
+  application->WhileRunning = [&] { desktop.BringToFront(module_window); };
+  Import();
+  EXPECT_TRUE(desktop.WindowAt(module_window).Minimized);
+}
+
+TEST_F(ImportWindowTest, CaptionsFollowTheDirectionAndHelpItsTopic) {
+  const std::pair<std::int32_t, Text> cases[] = {
+      {0, u"Import Progress"}, {1, u"Export Progress"}, {2, u"Import Progress"}};
+  for (const auto& [direction, caption] : cases) {
+    frmImport form(doors);
+    desktop.OnForm<frmImport>([&, caption = caption](frmImport& opened) {
+      EXPECT_EQ(opened.Caption, caption);
+      opened.cmdHelp.Press();
+      desktop.Tick();
+      opened.cmdClose.Press();
+    });
+    form.Transfer(repository, direction);
+  }
+  EXPECT_EQ(desktop.HelpShown(), (std::vector<int>{6340, 6340, 6340}));
+}
+
+TEST_F(ImportWindowTest, TheExportComparisonNamesWhatTheModuleLacksAndChangesNothing) {
+  AddElement(u"Only here", {{u"Object Identifier", u"R9"}});
+  AddElement(u"In both", {{u"Object Identifier", u"R1"}});
+  application->Objects = {{{"a1", "R1"}, {"a9", "renamed"}}, {{"a1", "R2"}}};
+  Import(1);
+  const std::string before = Tree();
+  model.Counters().Reset();
+  const auto lines = Import(1);
+  EXPECT_EQ(lines[lines.size() - 2], u"Only here: New");
+  EXPECT_EQ(lines.back(), u"*** Import Complete ***");
+  EXPECT_EQ(
+      std::count_if(lines.begin(), lines.end(), [](const Text& line) { return line.ends_with(u": New"); }),
+      1);
+  EXPECT_EQ(model.Counters().Writes(), 0);
+  EXPECT_EQ(Tree(), before);
+}
+
+}  // namespace
+}  // namespace kestrune

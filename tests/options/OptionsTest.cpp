@@ -1,0 +1,164 @@
+#include "tests/options/OptionsTest.h"
+
+#include <random>
+
+namespace kestrune::testing {
+namespace {
+
+/// AddMapping one step after the other, as its description has it.
+class StepwiseRules {
+ public:
+  void Add(const MappingRule& rule) {
+    Remove(rule.Attribute);
+    Remove(rule.CombinedAttribute);
+    rules.push_back(rule);
+  }
+  std::vector<MappingRule> rules;
+
+ private:
+  void Remove(const Text& name) {
+    if (name.empty()) return;
+    std::erase_if(rules, [&](const MappingRule& rule) {
+      return rule.Attribute == name || rule.CombinedAttribute == name;
+    });
+  }
+};
+
+TEST_F(OptionsTest, StartsWithTheUnusedSlotAndLoadsFixedAndDefaultRules) {
+  Options options(doors);
+  EXPECT_EQ(options.Rules, std::vector<MappingRule>(1));
+  options.RestrictToView = u"Mine";
+  options.LoadDefault(package);
+  EXPECT_EQ(options.RestrictToView, u"Mine");
+  EXPECT_EQ(options.Rules[0], MappingRule());
+  for (std::size_t slot = 1; slot <= 4; ++slot)
+    EXPECT_EQ(RuleText(options.Rules[slot]), kFixedRules[slot - 1]);
+  EXPECT_EQ(RulesOf(options),
+            Lines({u"Created By --> (Tagged Value)", u"Created On --> (Tagged Value)",
+                   u"Last Modified On --> (Tagged Value)", u"Object Number [: Object Heading] --> Name",
+                   u"Object Text --> Notes"}));
+}
+
+TEST_F(OptionsTest, AddMappingAppendsAndTakesTheAttributesFromOtherRules) {
+  struct {
+    Lines before;
+    TextView mapping;
+    Lines after;
+  } const cases[] = {
+      {{u"A", u"B"}, u"A --> Name", {u"B", u"A --> Name"}},
+      {{u"A [: B] --> Name", u"C"}, u"B --> Name", {u"C", u"B --> Name"}},
+      {{u"A --> Name", u"B"}, u"C [: A] --> Notes", {u"B", u"C [: A] --> Notes"}},
+      {{u"A --> Name", u"B [: C] --> Notes"}, u"A [: C] --> Alias", {u"A [: C] --> Alias"}},
+      {{u"a", u"A"}, u"A --> Name", {u"a", u"A --> Name"}},
+      {{u"A"}, u"  ", {u"A"}},
+      {{u"Object Level"}, u"Object Level --> Name", {u"Object Level --> Name"}},
+  };
+  for (const auto& each : cases) {
+    Options options(doors);
+    Load(options, each.before);
+    options.AddMapping(each.mapping);
+    EXPECT_EQ(RulesOf(options), each.after) << ToUtf8(each.mapping);
+    EXPECT_EQ(RuleText(options.Rules[2]), kFixedRules[1]);
+  }
+}
+
+TEST_F(OptionsTest, AddsManyRulesAsIfEachWereAddedAlone) {
+  std::mt19937 dice(3);
+  const auto name = [&dice] { return Text(1, static_cast<char16_t>(u'A' + dice() % 6)); };
+  for (int run = 0; run < 300; ++run) {
+    Options options(doors);
+    options.LoadDefault(package);
+    options.SetTemplate(LoadResText(text::kTemplateHeader));
+    StepwiseRules expected;
+    for (const Text& line : RulesOf(options)) expected.Add(*ParseRule(line));
+    Text text = LoadResText(text::kTemplateHeader);
+    for (std::size_t i = dice() % 12; i > 0; --i) {
+      const MappingRule rule = {name(), dice() % 2 ? name() : u"", u"", dice() % 2 ? u"Name" : u""};
+      text.append(kCrLf).append(RuleText(rule));
+      expected.Add(rule);
+    }
+    options.SetTemplate(text);
+    std::stable_sort(expected.rules.begin(), expected.rules.end(),
+                     [](const auto& a, const auto& b) { return a.Attribute < b.Attribute; });
+    ASSERT_EQ(std::vector<MappingRule>(options.Rules.begin() + 5, options.Rules.end()), expected.rules)
+        << ToUtf8(text);
+  }
+}
+
+TEST_F(OptionsTest, UnmappingTakesACombinedRuleApart) {
+  Options options(doors);
+  Load(options, {u"B [: A] --> Name", u"C --> Notes", u"D"});
+  options.UnmapIndex(5);
+  EXPECT_EQ(RulesOf(options), Lines({u"A", u"B", u"C --> Notes", u"D"}));
+  options.UnmapIndex(7);
+  EXPECT_EQ(RulesOf(options), Lines({u"A", u"B", u"C", u"D"}));
+}
+
+TEST_F(OptionsTest, FindsRulesByEitherAttributeButNeverTheFixedOnes) {
+  Options options(doors);
+  Load(options, {u"A [: B] --> Name", u"C"});
+  EXPECT_EQ(options.FindAttribute(u"A"), 5u);
+  EXPECT_EQ(options.FindAttribute(u"B"), 5u);
+  EXPECT_EQ(options.FindAttribute(u"C"), 6u);
+  for (const TextView missing : {u"c", u"", u"Object Level"}) EXPECT_EQ(options.FindAttribute(missing), 0u);
+  EXPECT_EQ(RuleText(options.GetRule(u"B")), u"A [: B] --> Name");
+  try {
+    options.GetRule(u"Object Level");
+    ADD_FAILURE() << "a fixed rule was found";
+  } catch (const AutomationError& failure) {
+    EXPECT_EQ(failure.Number, 0x80040000u);
+    EXPECT_EQ(failure.Description, u"Can't find attribute");
+  }
+}
+
+TEST_F(OptionsTest, ForgettingAnAttributeLeavesItsPartner) {
+  struct {
+    TextView name;
+    Lines after;
+  } const cases[] = {{u"A", {u"B", u"C --> Notes"}},
+                     {u"B", {u"A", u"C --> Notes"}},
+                     {u"C", {u"A [: B] --> Name"}},
+                     {u"X", {u"A [: B] --> Name", u"C --> Notes"}},
+                     {u"", {u"A [: B] --> Name", u"C --> Notes"}}};
+  for (const auto& each : cases) {
+    Options options(doors);
+    Load(options, {u"A [: B] --> Name", u"C --> Notes"});
+    options.RemoveAttribute(each.name);
+    EXPECT_EQ(RulesOf(options), each.after) << ToUtf8(each.name);
+  }
+}
+
+TEST_F(OptionsTest, OffersWhatIsStillFree) {
+  Options options(doors);
+  Load(options, {u"A --> name", u"B --> (Tagged Value)", u"C", u"D --> Notes", u"E [: F] -->",
+                 u"G --> No such field", u"c"});
+  EXPECT_EQ(options.GetUnusedDOORSAttributes(), Lines({u"C", u"E", u"c"}));
+  EXPECT_EQ(options.GetUnusedOrimFields(), Lines({u"Alias", u"Status", u"Difficulty", u"Priority", u"Author",
+                                                  u"KeyWords", u"Phase", u"Version"}));
+}
+
+TEST_F(OptionsTest, TemplateCarriesTheMappedRulesToAnotherPackage) {
+  Options from(doors), to(doors);
+  Load(from, {u"A [: B] --> Name", u"C", u"D --> (Tagged Value)"});
+  EXPECT_EQ(from.GetTemplate(),
+            u"Orim Studio Mapping Template\r\nA [: B] --> Name\r\nD --> (Tagged Value)\r\n");
+  Load(to, {u"A", u"B --> Notes", u"C [: E] --> Name"});
+  to.SetTemplate(from.GetTemplate());
+  EXPECT_EQ(RulesOf(to), Lines({u"A [: B] --> Name", u"C", u"D --> (Tagged Value)", u"E"}));
+}
+
+TEST_F(OptionsTest, TemplateThatIsNoneChangesNothing) {
+  Options options(doors);
+  Load(options, {u"A --> Name"});
+  for (const TextView text : {u"", u"A --> Notes", u"orim studio mapping template\r\nA --> Notes"}) {
+    desktop.OnMessage(LoadResText(text::kNoTemplate));
+    options.SetTemplate(text);
+  }
+  EXPECT_THROW(options.SetTemplate(u"Orim Studio Mapping Template\r\nB --> Notes\r\nC [:D] --> Name"),
+               AutomationError);
+  EXPECT_THROW(options.AddMapping(u"A [:D] --> Name"), AutomationError);
+  EXPECT_EQ(RulesOf(options), Lines({u"A --> Name"}));
+}
+
+}  // namespace
+}  // namespace kestrune::testing

@@ -1,0 +1,62 @@
+// What the tests of the options share: a linked package, a DOORS that is ready, and short ways to set up and
+// to look.
+#pragma once
+
+#include "common/Utilities.h"
+#include "options/Options.h"
+#include "tests/options/SimulatedDoors.h"
+#include "tests/options/SimulatedPackage.h"
+#include "tests/support/TestPlatform.h"
+
+namespace kestrune::testing {
+
+using Lines = std::vector<Text>;
+
+inline Text Joined(const Lines& lines) {
+  Text text;
+  for (const Text& line : lines) text.append(line).append(kCrLf);
+  return text;
+}
+
+inline constexpr std::uint32_t kDoorsMainWindow = 0x04CF0000;
+
+class OptionsTest : public ::testing::Test, public TestPlatform {
+ protected:
+  OptionsTest() {
+    desktop.AddWindow({.ClassName = u"DOORSWindow", .Style = kDoorsMainWindow});
+    objects.objects[u"Doors.Application"] = Object(app);
+    SaveLinkFile(platform, model.Guid, app->Module);
+  }
+
+  /// The text of a record with these rule lines.
+  static Text Record(const Lines& rules) {
+    return LoadResText(text::kRecordHelp) + u"\r\n\r\n" + Joined(rules);
+  }
+  void Store(const Text& record) {
+    model.Tags.push_back(std::make_shared<PackageModel::Tag>(u"DoorsConnection", u"<memo>", record));
+  }
+  Text Stored() {
+    const auto* tag = model.Find(u"DoorsConnection");
+    return tag ? tag->Notes : u"no record";
+  }
+  /// The rules from slot 5 on, as texts.
+  static Lines RulesOf(const Options& options) {
+    Lines lines;
+    for (std::size_t slot = Options::kFirstUserSlot; slot < options.Rules.size(); ++slot)
+      lines.push_back(RuleText(options.Rules[slot]));
+    return lines;
+  }
+  void Load(Options& options, const Lines& rules) {
+    model.Tags.clear();
+    Store(Record(rules));
+    ASSERT_TRUE(options.Load(package));
+  }
+
+  PackageModel model;
+  orim::Package package{Object(std::make_shared<SimulatedPackage>(model))};
+  orim::Repository repository;
+  std::shared_ptr<SimulatedDoors> app = std::make_shared<SimulatedDoors>(folder.File(u"export.xml"));
+  Doors doors{platform};
+};
+
+}  // namespace kestrune::testing

@@ -1,0 +1,157 @@
+// A package of the host's with an element and that element's tagged values, as automation objects. As the
+// host's do, they keep changes to themselves until saved. Not modelled: anything else of a package.
+#pragma once
+
+#include <algorithm>
+
+#include "orim/Package.h"
+#include "workbench/StandInObject.h"
+
+namespace kestrune::testing {
+
+using workbench::StandInObject;
+
+/// What the model holds, and what befalls whoever works on it.
+struct PackageModel {
+  struct Tag {
+    Text Name, Value, Notes;
+  };
+  Text Name = u"Requirements";
+  Text Guid = u"{A1B2}";
+  bool Locked = false;
+  std::vector<std::shared_ptr<Tag>> Tags;
+  int Writes = 0;    // saves and deletions
+  Text FailingCall;  // the member whose use fails
+
+  Tag* Find(TextView name) {
+    for (const auto& tag : Tags)
+      if (tag->Name == name) return tag.get();
+    return nullptr;
+  }
+};
+
+template <typename Self>
+class PackageObject : public StandInObject<Self> {
+ public:
+  explicit PackageObject(PackageModel& model) : model_(model) {}
+
+ protected:
+  void BeforeInvoke(Access, TextView member) override {
+    if (member == model_.FailingCall) throw AutomationError(0x80004005, u"Host", u"The host failed");
+  }
+  PackageModel& model_;
+};
+
+class SimulatedTag : public PackageObject<SimulatedTag> {
+ public:
+  static constexpr const char16_t* kClassName = u"TaggedValue";
+  SimulatedTag(PackageModel& model, std::shared_ptr<PackageModel::Tag> stored)
+      : PackageObject(model), stored_(std::move(stored)), pending_(*stored_) {}
+
+  static const Members& Table() {
+    static const Members table = {
+        {u"Name", {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Name); }}},
+        {u"Value", {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Value); }}},
+        {u"Notes",
+         {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Notes); },
+          .Put = [](SimulatedTag& tag, const Variant& value) { tag.pending_.Notes = value.ToText(); }}},
+        {u"Save", {.Call = [](SimulatedTag& tag, const Args&) { return tag.Save(); }}},
+    };
+    return table;
+  }
+
+ private:
+  Variant Save() {
+    ++model_.Writes;
+    *stored_ = pending_;
+    if (std::find(model_.Tags.begin(), model_.Tags.end(), stored_) == model_.Tags.end())
+      model_.Tags.push_back(stored_);
+    return {};
+  }
+  std::shared_ptr<PackageModel::Tag> stored_;
+  PackageModel::Tag pending_;
+};
+
+class SimulatedTags : public PackageObject<SimulatedTags> {
+ public:
+  static constexpr const char16_t* kClassName = u"TaggedValues";
+  using PackageObject::PackageObject;
+
+  static const Members& Table() {
+    static const Members table = {
+        {u"Count",
+         {.Get = [](SimulatedTags& tags) { return Variant(std::int32_t(tags.model_.Tags.size())); }}},
+        {u"GetAt",
+         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.Handle(tags.At(args[0])); },
+          .ArgCount = 1}},
+        {u"GetByName",
+         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.ByName(args[0]); }, .ArgCount = 1}},
+        {u"AddNew",
+         {.Call =
+              [](SimulatedTags& tags, const Args& args) {
+                return tags.Handle(
+                    std::make_shared<PackageModel::Tag>(args[0].ToText(), args[1].ToText(), Text()));
+              },
+          .ArgCount = 2}},
+        {u"DeleteAt",
+         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.Delete(args[0]); }, .ArgCount = 2}},
+        {u"Refresh", {.Call = [](SimulatedTags&, const Args&) { return Variant(); }}},
+    };
+    return table;
+  }
+
+ private:
+  std::shared_ptr<PackageModel::Tag> At(const Variant& index) {
+    return model_.Tags.at(static_cast<std::size_t>(index.ToInt()));
+  }
+  Variant Handle(std::shared_ptr<PackageModel::Tag> tag) const {
+    return Object(std::make_shared<SimulatedTag>(model_, std::move(tag)));
+  }
+  Variant ByName(const Variant& name) const {
+    for (const auto& tag : model_.Tags)
+      if (tag->Name == name.ToText()) return Handle(tag);
+    Refuse(0x80004005, u"GetByName", u"no such tagged value");
+  }
+  Variant Delete(const Variant& index) {
+    ++model_.Writes;
+    model_.Tags.erase(model_.Tags.begin() + index.ToInt());
+    return {};
+  }
+};
+
+class SimulatedElement : public PackageObject<SimulatedElement> {
+ public:
+  static constexpr const char16_t* kClassName = u"Element";
+  using PackageObject::PackageObject;
+  static const Members& Table() {
+    static const Members table = {
+        {u"Locked", {.Get = [](SimulatedElement& element) { return Variant(element.model_.Locked); }}},
+        {u"TaggedValues",
+         {.Get =
+              [](SimulatedElement& element) {
+                return Object(std::make_shared<SimulatedTags>(element.model_));
+              }}},
+    };
+    return table;
+  }
+};
+
+class SimulatedPackage : public PackageObject<SimulatedPackage> {
+ public:
+  static constexpr const char16_t* kClassName = u"Package";
+  using PackageObject::PackageObject;
+  static const Members& Table() {
+    static const Members table = {
+        {u"Name", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Name); }}},
+        {u"PackageGuid", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Guid); }}},
+        {u"Element",
+         {.Get =
+              [](SimulatedPackage& package) {
+                return Object(std::make_shared<SimulatedElement>(package.model_));
+              }}},
+    };
+    return table;
+  }
+};
+
+}  // namespace kestrune::testing

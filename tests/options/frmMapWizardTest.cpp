@@ -1,0 +1,116 @@
+#include "options/frmMapWizard.h"
+#include "tests/options/OptionsTest.h"
+
+namespace kestrune::testing {
+namespace {
+
+class MapWizardTest : public OptionsTest {
+ protected:
+  /// What the wizard answers for an attribute when the user does this.
+  Text Run(const Lines& rules, TextView attribute, bool combine, std::function<void(frmMapWizard&)> user) {
+    Options options(doors);
+    Load(options, rules);
+    desktop.OnForm<frmMapWizard>(std::move(user));
+    return frmMapWizard(desktop).DoWizard(options, options.FindAttribute(attribute), combine);
+  }
+  static Lines Visible(const frmMapWizard& form) {
+    Lines names;
+    for (const Control* control : {(const Control*)&form.lstExtra, (const Control*)&form.lblSep,
+                                   (const Control*)&form.txtSep, (const Control*)&form.lstTarget})
+      if (control->Visible()) names.push_back(control->Name());
+    return names;
+  }
+};
+
+TEST_F(MapWizardTest, MapsOneAttribute) {
+  const Text rule = Run({u"A --> Name", u"Status"}, u"Status", false, [](frmMapWizard& form) {
+    EXPECT_EQ(form.Caption, u"Configure attribute mapping");
+    EXPECT_EQ(
+        form.lblPrompt.Caption(),
+        u"Select either (Tagged Value) or the name of an Orim Property to which Status should be imported:");
+    EXPECT_EQ(Visible(form), Lines({u"lstTarget"}));
+    EXPECT_EQ(form.lstTarget.Items(),
+              Lines({u"(Tagged Value)", u"Alias", u"Status", u"Difficulty", u"Priority", u"Author",
+                     u"KeyWords", u"Phase", u"Version", u"Notes"}));
+    EXPECT_EQ(form.lstTarget.ListIndex(), 0);
+    EXPECT_EQ(form.cmdNext.Caption(), u"&Finish");
+    EXPECT_FALSE(form.cmdBack.Enabled());
+    EXPECT_EQ(form.HelpContextID, 6040);
+    form.lstTarget.ClickItem(4);
+    form.cmdNext.Press();
+  });
+  EXPECT_EQ(rule, u"Status --> Priority");
+}
+
+TEST_F(MapWizardTest, CombinesTwoAttributesPageByPage) {
+  const Text rule = Run({u"Object Heading", u"Object Number", u"Taken --> Notes", u"Other"}, u"Object Number",
+                        true, [&](frmMapWizard& form) {
+                          EXPECT_EQ(form.lblPrompt.Caption(),
+                                    u"Which DOORS attribute do you want to combine with Object Number?");
+                          EXPECT_EQ(Visible(form), Lines({u"lstExtra"}));
+                          EXPECT_EQ(form.lstExtra.Items(), Lines({u"Object Heading", u"Other"}));
+                          EXPECT_EQ(form.lstExtra.SelectedText(), u"Object Heading");
+                          EXPECT_FALSE(form.cmdBack.Enabled());
+                          EXPECT_EQ(form.cmdNext.Caption(), u"&Next >");
+                          form.cmdHelp.Press();
+                          form.lstExtra.DoubleClickItem(1);
+                          EXPECT_EQ(Visible(form), Lines({u"lblSep", u"txtSep"}));
+                          form.cmdBack.Press();
+                          EXPECT_EQ(form.lstExtra.SelectedText(), u"Other");
+                          form.lstExtra.ClickItem(0);
+                          form.cmdNext.Press();
+                          form.txtSep.Type(u":");
+                          form.cmdNext.Press();
+                          EXPECT_EQ(Visible(form), Lines({u"lstTarget"}));
+                          EXPECT_TRUE(form.cmdBack.Enabled());
+                          form.cmdBack.Press();
+                          EXPECT_EQ(form.txtSep.Value(), u":");
+                          form.cmdNext.Press();
+                          EXPECT_EQ(form.lstTarget.Items().size(), 10u);
+                          form.lstTarget.DoubleClickItem(1);
+                        });
+  EXPECT_EQ(rule, u"Object Number [: Object Heading] --> Name");
+  EXPECT_EQ(desktop.HelpShown(), std::vector<int>({6140}));
+}
+
+TEST_F(MapWizardTest, ReturnsASeparatorAsTyped) {
+  const Text rule = Run({u"A", u"B"}, u"A", true, [](frmMapWizard& form) {
+    form.cmdNext.Press();
+    form.txtSep.Type(u" - ");
+    form.cmdNext.Press();
+    form.cmdNext.Press();
+  });
+  EXPECT_EQ(rule, u"A [ -  B] --> (Tagged Value)");
+}
+
+TEST_F(MapWizardTest, NeverOffersATaggedValueForTheIdentifier) {
+  const Lines rules = {u"A", u"Object Identifier"};
+  Run(rules, u"Object Identifier", false, [](frmMapWizard& form) {
+    EXPECT_EQ(form.lblPrompt.Caption(),
+              u"Object Identifier is always imported as (Tagged Value).  Additionally, you may import this "
+              u"attribute as "
+              u"one of the following Orim Properties:");
+    EXPECT_EQ(form.lstTarget.Items().front(), u"Name");
+    form.CloseByUser();
+  });
+  Run(rules, u"Object Identifier", true, [](frmMapWizard& form) {
+    form.cmdNext.Press();
+    form.cmdNext.Press();
+    EXPECT_NE(form.lblPrompt.Caption().find(u"import the combined attributes as"), Text::npos);
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(MapWizardTest, CannotFinishWithoutATarget) {
+  Lines rules = {u"Object Identifier"};
+  for (const TextView field : kHostFields) rules.push_back(u"For " + Text(field) + u" --> " + Text(field));
+  const Text rule = Run(rules, u"Object Identifier", false, [](frmMapWizard& form) {
+    EXPECT_TRUE(form.lstTarget.Items().empty());
+    EXPECT_FALSE(form.cmdNext.Enabled());
+    form.cmdCancel.Press();
+  });
+  EXPECT_EQ(rule, u"");
+}
+
+}  // namespace
+}  // namespace kestrune::testing
