@@ -5,8 +5,8 @@
 
 namespace kestrune {
 
-/// Prints a list box line by line. The last line is held back until another one follows, and so are those that only
-/// continue it: the head of a group of changes is rewritten when its second change comes.
+/// Prints a list box line by line. The last line is held back until another one follows, and so are those
+/// that only continue it: the head of a group of changes is rewritten when its second change comes.
 class ConsoleDesktop::LinePrinter : public FormPeer {
  public:
   LinePrinter(const ListBox& list, std::ostream& out) : list_(list), out_(out) {}
@@ -45,7 +45,8 @@ FormPeer* ConsoleDesktop::PeerFor(Form& form) {
 void ConsoleDesktop::Use(Form& form) {
   const bool is_printed = form.Peer() != nullptr;
   const auto printer = printer_;
-  const bool was_used = std::any_of(users_.begin(), users_.end(), [&](const auto& use) { return use(form); });
+  const bool was_used =
+      std::any_of(users_.rbegin(), users_.rend(), [&](const auto& use) { return use(form); });
   if (is_printed) printer->Flush();
   if (!was_used) err_ << "[" << ToUtf8(form.Caption) << "] (closed: there is nobody to use it)\n";
 }

@@ -1,5 +1,5 @@
-// A desktop at a terminal: message boxes go to standard error as "[title] text", questions are answered by a fixed
-// answer or from standard input, forms are used by handlers that the program gives.
+// A desktop at a terminal: message boxes go to standard error as "[title] text", questions are answered by a
+// fixed answer or from standard input, forms are used by handlers that the program gives.
 #pragma once
 
 #include <iosfwd>
@@ -15,7 +15,8 @@ class ConsoleDesktop : public HeadlessDesktop {
   ConsoleDesktop(std::istream& in, std::ostream& out, std::ostream& err, std::optional<Answer> fixed_answer)
       : in_(in), out_(out), err_(err), fixed_answer_(fixed_answer) {}
 
-  /// Has forms of this class used by `use`, which must close them. A form that nobody uses is closed at once.
+  /// Has forms of this class used from now on by `use`, which must close them. A form that nobody uses is
+  /// closed at once.
   template <typename FormClass>
   void UseForm(std::function<void(FormClass&)> use) {
     users_.push_back([use = std::move(use)](Form& form) {

@@ -1,5 +1,5 @@
-// The commands of kestrune-workbench. Each prints on the terminal and throws CommandError or AutomationError, with one
-// line for the user, when it cannot be carried out.
+// The commands of kestrune-workbench. Each prints on the terminal and throws CommandError or AutomationError,
+// with one line for the user, when it cannot be carried out.
 #pragma once
 
 #include "workbench/program/Machine.h"
@@ -22,8 +22,8 @@ void ListLinkedPackages(const Settings& settings, const Terminal& terminal);
 // On both, through the add-in
 void Link(const Settings& settings, const std::string& module, const Terminal& terminal);
 void Unlink(const Settings& settings, const Terminal& terminal);
-void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file, bool print,
-                 const Terminal& terminal);
+void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file,
+                 bool print, const Terminal& terminal);
 /// `item_id` is the menu item: Import or Export.
 void Transfer(const Settings& settings, int item_id, const Terminal& terminal);
 void Locate(const Settings& settings, const std::string& element, const Terminal& terminal);

@@ -20,7 +20,8 @@ DoorsDatabase OpenOrCreate(const std::string& path) {
 
 /// A database that only this command made is no use when nothing could be loaded into it.
 struct NewFileGuard {
-  explicit NewFileGuard(std::string path) : path(std::move(path)), is_new(!std::filesystem::exists(this->path)) {}
+  explicit NewFileGuard(std::string path)
+      : path(std::move(path)), is_new(!std::filesystem::exists(this->path)) {}
   ~NewFileGuard() {
     std::error_code ignored;
     if (is_new) std::filesystem::remove(path, ignored);

@@ -98,8 +98,8 @@ void Unlink(const Settings& settings, const Terminal& terminal) {
   terminal.out << ToUtf8(package.Name) << " is not linked any more\n";
 }
 
-void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file, bool print,
-                 const Terminal& terminal) {
+void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file,
+                 bool print, const Terminal& terminal) {
   Machine machine(settings, terminal);
   const Text mapping_template = template_file.empty() ? Text() : TextFile(template_file);
   machine.Desktop().UseForm<frmOptions>([&](frmOptions& form) {

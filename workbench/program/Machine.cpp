@@ -26,7 +26,9 @@ std::string DefaultDataFolder() {
   return (base / "kestrune-workbench").string();
 }
 
-OrimModel OpenModel(const Settings& settings) { return OrimModel::Open(settings.model); }
+OrimModel OpenModel(const Settings& settings) {
+  return OrimModel::Open(settings.model);
+}
 
 DoorsMachine::DoorsMachine(const Settings& settings, HeadlessDesktop* desktop)
     : folders_(FromUtf8(settings.data)),

@@ -1,5 +1,5 @@
-// The machine of one command: the add-in with its two neighbours, a stand-in of the host and one of DOORS, and a user at
-// the terminal.
+// The machine of one command: the add-in with its two neighbours, a stand-in of the host and one of DOORS,
+// and a user at the terminal.
 #pragma once
 
 #include "addin/OrimDoors.h"
@@ -52,8 +52,8 @@ class DoorsMachine : private ObjectFactory {
   DoorsStandIn stand_in_;
 };
 
-/// All of it, with the package of the settings selected in the host. Everything opens before anything is done: a path
-/// that is wrong changes nothing.
+/// All of it, with the package of the settings selected in the host. Everything opens before anything is
+/// done: a path that is wrong changes nothing.
 class Machine : private ObjectFactory {
  public:
   Machine(const Settings& settings, const Terminal& terminal);
@@ -65,8 +65,8 @@ class Machine : private ObjectFactory {
   orim::Repository Repository() const { return orim::Repository(model_.Repository()); }
   const PackageInfo& Package() const { return package_; }
 
-  /// Clicks an item of the add-in's menu; throws CommandError when the menu does not offer it, the package not being
-  /// linked.
+  /// Clicks an item of the add-in's menu; throws CommandError when the menu does not offer it, the package
+  /// not being linked.
   void ClickMenu(int item_id);
 
  private:

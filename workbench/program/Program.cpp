@@ -30,12 +30,15 @@ class CommandLine {
     std::reverse(args.begin(), args.end());
     app_.parse(args);
   }
-  int Report(const CLI::ParseError& failure) { return app_.exit(failure, terminal_.out, terminal_.err) ? kFailed : 0; }
+  int Report(const CLI::ParseError& failure) {
+    return app_.exit(failure, terminal_.out, terminal_.err) ? kFailed : 0;
+  }
 
  private:
   using Action = std::function<void()>;
 
-  CLI::App* Command(CLI::App* parent, const std::string& name, const std::string& what, const Action& action) {
+  CLI::App* Command(CLI::App* parent, const std::string& name, const std::string& what,
+                    const Action& action) {
     CLI::App* command = parent->add_subcommand(name, what);
     command->callback(action);
     command->add_option("--data", settings_.data, "The folder that stands for the user's own folders")
@@ -45,7 +48,9 @@ class CommandLine {
   void TakesDoors(CLI::App* command) {
     command->add_option("--doors", settings_.doors, "The DOORS database")->required();
   }
-  void TakesModel(CLI::App* command) { command->add_option("--model", settings_.model, "The model")->required(); }
+  void TakesModel(CLI::App* command) {
+    command->add_option("--model", settings_.model, "The model")->required();
+  }
   void TakesPackage(CLI::App* command) {
     command->add_option("--package", settings_.package, "The package, by name or path")->required();
   }
@@ -61,9 +66,11 @@ class CommandLine {
   }
 
   void AddDoorsCommands() {
-    CLI::App* doors = app_.add_subcommand("doors", "The DOORS database: load it, look at it")->require_subcommand(1);
-    CLI::App* load = Command(doors, "load", "Load a ReqIF file; each of its documents becomes a formal module",
-                             [this] { LoadIntoDoors(settings_, file_, folder_, terminal_); });
+    CLI::App* doors =
+        app_.add_subcommand("doors", "The DOORS database: load it, look at it")->require_subcommand(1);
+    CLI::App* load =
+        Command(doors, "load", "Load a ReqIF file; each of its documents becomes a formal module",
+                [this] { LoadIntoDoors(settings_, file_, folder_, terminal_); });
     load->add_option("FILE", file_, "A .reqif or .reqifz file")->required();
     load->add_option("--at", folder_, "Where to, such as /Project/Folder");
     CLI::App* modules =
@@ -80,8 +87,8 @@ class CommandLine {
   }
 
   void AddModelCommands() {
-    CLI::App* create = Command(&app_, "new", "Make a model with one package",
-                               [this] { NewModel(settings_, terminal_); });
+    CLI::App* create =
+        Command(&app_, "new", "Make a model with one package", [this] { NewModel(settings_, terminal_); });
     create->add_option("MODEL", settings_.model, "The file to make")->required();
     TakesPackage(create);
     TakesModel(Command(&app_, "tree", "Print the packages and elements of a model",
@@ -95,9 +102,8 @@ class CommandLine {
         ->add_option("--module", module_, "The module's path")
         ->required();
     AddInCommand("unlink", "Take the link from a package", [this] { Unlink(settings_, terminal_); });
-    CLI::App* options = AddInCommand("options", "Look at and change the options of a linked package", [this] {
-      EditOptions(settings_, view_, template_, print_, terminal_);
-    });
+    CLI::App* options = AddInCommand("options", "Look at and change the options of a linked package",
+                                     [this] { EditOptions(settings_, view_, template_, print_, terminal_); });
     options->add_option("--view", view_, "Restrict the import to this view of the module");
     options->add_option("--template", template_, "Apply the mapping template in this file");
     options->add_flag("--print", print_, "Print the options as they are then");
@@ -108,7 +114,8 @@ class CommandLine {
                  [this] { Transfer(settings_, text::kMenuImport, terminal_); });
     AddInCommand("export-check", "List the elements that the module lacks",
                  [this] { Transfer(settings_, text::kMenuExport, terminal_); });
-    AddInCommand("locate", "Show an element's object in DOORS", [this] { Locate(settings_, element_, terminal_); })
+    AddInCommand("locate", "Show an element's object in DOORS",
+                 [this] { Locate(settings_, element_, terminal_); })
         ->add_option("ELEMENT", element_, "The element's name or Object Identifier")
         ->required();
   }
