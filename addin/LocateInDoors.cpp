@@ -30,7 +30,7 @@ void LocateInDoors(Doors& doors, const orim::Repository& repository) {
   const Text identifier = ValueAt(options.Rules[slot], repository.ContextElement());
   const Text module_path = GetLinkModulePath(doors.platform(), package.PackageGuid());
   if (module_path.empty() || identifier.empty()) return;
-  doors.RunScript(dxl_script::kLocateObject, module_path + u"~" + identifier + u"~" + options.RestrictToView);
+  doors.RunScript(dxl_script::kLocateObject, JoinFields({module_path, identifier, options.RestrictToView}));
 }
 
 }  // namespace kestrune

@@ -20,7 +20,7 @@ constexpr std::size_t kLongestElementName = 7;  // a million attributes are enou
 }
 
 [[noreturn]] void ThrowUnreadable(const Text& path) {
-  ThrowBadExport(u"Can't read XML (" + path + u")");
+  ThrowBadExport(FormatResText(text::kUnreadableXml, {path}));
 }
 
 Text ParseReport(const Text& path, const XmlParseError& error) {

@@ -1,5 +1,7 @@
 #include "documents/QueryAnswer.h"
 
+#include "common/Resources.h"
+
 namespace kestrune {
 
 Text QueryAnswer::Row::GetText(std::size_t column) const {
@@ -16,7 +18,7 @@ QueryAnswer::QueryAnswer(const orim::Repository& repository, const Text& sql,
   const Text xml = repository.Query(sql);
   if (!xml.empty() && !document_.LoadText(xml)) {
     throw AutomationError(error::kBase + 2, u"QueryAnswer",
-                          u"The model's answer to a query cannot be read: " + document_.ParseError().Reason);
+                          FormatResText(text::kAnswerUnreadable, {document_.ParseError().Reason}));
   }
   for (std::size_t i = 0; i < columns.size(); ++i) {
     spellings_.try_emplace(columns[i], Spelling{i, 1});

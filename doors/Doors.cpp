@@ -21,6 +21,17 @@ Text Doors::RunScript(int id) const {
   return DoorsApp.Get(u"Result").ToText();
 }
 
+Text JoinFields(const std::vector<Text>& fields) {
+  Text joined;
+  for (const Text& field : fields) {
+    if (field.find(u'~') != Text::npos)
+      throw AutomationError(error::kBase + 2, u"Doors", FormatResText(text::kFieldSeparatorInside, {field}));
+    joined += field + u"~";
+  }
+  joined.pop_back();
+  return joined;
+}
+
 bool IsScriptError(TextView answer) {
   return answer.substr(0, 7) == u"Error: ";
 }

@@ -17,7 +17,7 @@ class Doors {
   bool EnsureDoors();
 
   /// Runs the DXL script of that id and returns its answer. `parameters` are put into DOORS' one result slot
-  /// first; fields of one parameter text are joined by "~", and a script that takes none is given none.
+  /// first; a script that takes none is given none.
   Text RunScript(int id, const Text& parameters) const;
   Text RunScript(int id) const;
 
@@ -26,6 +26,10 @@ class Doors {
  private:
   const Platform& platform_;
 };
+
+/// The fields of a script's parameters as one text, "~" between them. Throws AutomationError for a field that
+/// holds one.
+Text JoinFields(const std::vector<Text>& fields);
 
 /// True when a script's answer is one of its own error messages.
 bool IsScriptError(TextView answer);

@@ -96,7 +96,9 @@ bool frmImport::LoadOptions(const orim::Package& package, const Text& module_pat
 void frmImport::ExportModule(const Text& module_path) {
   Progress(LoadResText(text::kCheckingModule));
   const Text& view = options_->RestrictToView;
-  const Text parameters = module_path + (view.empty() ? u"~0~~" : u"~0~" + view);
+  // Without a view there is one field more; the script takes both forms.
+  const Text parameters = JoinFields(view.empty() ? std::vector<Text>{module_path, u"0", u"", u""}
+                                                  : std::vector{module_path, Text(u"0"), view});
   const WindowHandle foreground = desktop_.Foreground();
   const Text answer = doors_.RunScript(dxl_script::kExportModule, parameters);
   // A module that is displayed for its view brings DOORS to the front.

@@ -1,5 +1,6 @@
 #include "options/MappingRule.h"
 
+#include "common/Resources.h"
 #include "platform/Automation.h"
 
 namespace kestrune {
@@ -9,11 +10,7 @@ namespace {
 constexpr TextView kArrow = u" -->";
 
 [[noreturn]] void ThrowMalformed(TextView line) {
-  throw AutomationError(error::kBase, u"MappingRule",
-                        Text(u"The mapping rule \"")
-                            .append(line)
-                            .append(u"\" cannot be read. A rule is written as \"Attribute --> Target\" or as "
-                                    u"\"Attribute [: Second Attribute] --> Target\"."));
+  throw AutomationError(error::kBase, u"MappingRule", FormatResText(text::kMalformedRule, {Text(line)}));
 }
 
 /// Reads the text before the arrow into the rule; false when it is malformed.

@@ -10,8 +10,6 @@ namespace kestrune {
 
 namespace {
 
-constexpr TextView kAttributesOnly = u"~1~~";
-
 /// A name of blanks, or of more than one line, cannot stand in a rule's text.
 bool IsNameForRules(TextView name) {
   return !Trim(name).empty() && name.find_first_of(kCrLf) == TextView::npos;
@@ -63,11 +61,12 @@ bool Options::RefreshDoorsAttributes(const Text& module_path, bool reload_defaul
     ShowMessage(doors_.platform().desktop, std::move(why), Icon::kStop);
     return false;
   };
-  const Text answer = doors_.RunScript(dxl_script::kExportModule, module_path + Text(kAttributesOnly));
+  const Text answer = doors_.RunScript(dxl_script::kExportModule, JoinFields({module_path, u"1", u"", u""}));
   if (AsciiUpper(answer.substr(0, 5)) == u"ERROR") return fail(answer);
   if (answer.empty()) return fail(LoadResText(text::kInvalidResponse));
   XmlDocument d;
-  if (!d.LoadFile(answer)) return fail(u"Can't read XML (" + answer + u"). " + d.ParseError().Reason);
+  if (!d.LoadFile(answer))
+    return fail(FormatResText(text::kUnreadableXml, {answer}) + u". " + d.ParseError().Reason);
   if (!RefreshDoorsAttributesFromXML(d, reload_defaults)) return fail(LoadResText(text::kInvalidResponse));
   DeleteExport(answer);
   return true;

@@ -10,8 +10,6 @@ namespace kestrune {
 
 namespace {
 
-constexpr std::uint32_t kServerUnavailable = 0x800706BA;
-
 class WaitCursor {
  public:
   explicit WaitCursor(Desktop& desktop) : desktop_(desktop) { desktop_.SetWaitCursor(true); }
@@ -24,24 +22,13 @@ class WaitCursor {
 };
 
 Text MessageOf(const AutomationError& failure) {
-  switch (failure.Number) {
-    case error::kNotConnected:
-    case error::kCallFailed:
-    case kServerUnavailable:
-      return FormatResText(text::kDoorsFailure);
-    default:
-      return failure.Description;
-  }
+  return error::IsConnectionLost(failure.Number) ? FormatResText(text::kDoorsFailure) : failure.Description;
 }
 
 /// Throws when a rule that maps the attribute would be read as one of other attributes.
 void RequireMappable(const Text& attribute) {
   if (ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)})) return;
-  throw AutomationError(
-      error::kBase, u"frmOptions",
-      u"The attribute \"" + attribute +
-          u"\" cannot be mapped: its name holds \"[\" or \" -->\", or has blanks at its ends, which "
-          u"a mapping rule cannot tell from its own signs.");
+  throw AutomationError(error::kBase, u"frmOptions", FormatResText(text::kUnmappable, {attribute}));
 }
 
 }  // namespace

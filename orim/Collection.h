@@ -20,7 +20,7 @@ class Collection : public Handle {
     try {
       return Item(object().Call(member::kGetByName, {name}).ToObject());
     } catch (const AutomationError& failure) {
-      if (failure.Number == error::kNotConnected || failure.Number == error::kCallFailed) throw;
+      if (error::IsConnectionLost(failure.Number)) throw;
       return Item();
     }
   }

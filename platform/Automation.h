@@ -26,14 +26,20 @@ struct AutomationError : std::runtime_error {
 /// The numbers of the failures that this code raises or tells apart.
 namespace error {
 inline constexpr std::uint32_t kBase = 0x80040000;
-inline constexpr std::uint32_t kNotConnected = 0x80010108;   // the object has disconnected from its clients
-inline constexpr std::uint32_t kCallFailed = 0x800706BE;     // the remote procedure call failed
-inline constexpr std::uint32_t kUnknownMember = 0x80020006;  // the object has no member of that name
-inline constexpr std::uint32_t kTypeMismatch = 0x80020005;   // a value cannot become the wanted type
+inline constexpr std::uint32_t kNotConnected = 0x80010108;  // the object has disconnected from its clients
+inline constexpr std::uint32_t kCallFailed = 0x800706BE;    // the remote procedure call failed
+inline constexpr std::uint32_t kServerUnavailable = 0x800706BA;  // the other process is gone
+inline constexpr std::uint32_t kUnknownMember = 0x80020006;      // the object has no member of that name
+inline constexpr std::uint32_t kTypeMismatch = 0x80020005;       // a value cannot become the wanted type
 inline constexpr std::uint32_t kWrongArgumentCount = 0x8002000E;
 inline constexpr std::uint32_t kObjectMissing = 0x800A005B;  // a member of "nothing" was used
 inline constexpr std::uint32_t kNoSuchClass = 0x800401F3;    // no class is registered under that ProgID
 inline constexpr std::uint32_t kFileFailure = 0x800A004B;    // a file could not be read or written
+
+/// True when the failure says that the other side of an automation object is not there any more.
+constexpr bool IsConnectionLost(std::uint32_t number) {
+  return number == kNotConnected || number == kCallFailed || number == kServerUnavailable;
+}
 }  // namespace error
 
 enum class Access { kGet, kPut, kCall };
