@@ -1,10 +1,15 @@
 # kestrune_room(DIR [LIBRARY...]): a static library of all sources below DIR/, linked to LIBRARY... Its name is kestrune-
-# and DIR with hyphens. What is for Windows only lies in folders named win32 or com and is left out here; main.cpp
-# belongs to a program.
+# and DIR with hyphens. On Windows it takes what lies in folders named win32 in place of what is named after the libraries
+# of the native build (platform/headless/Xml*). addin/com belongs to Kestrune.dll, main.cpp to a program.
 function(kestrune_room dir)
   string(REPLACE "/" "-" name ${dir})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${dir}/*.cpp)
-  list(FILTER sources EXCLUDE REGEX "/(win32|com)/|/main\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "/com/|/main\\.cpp$")
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "/headless/Xml")
+  else()
+    list(FILTER sources EXCLUDE REGEX "/win32/")
+  endif()
   if(NOT sources)  # a room of headers
     add_library(kestrune-${name} INTERFACE)
     target_link_libraries(kestrune-${name} INTERFACE ${ARGN})
@@ -27,3 +32,17 @@ function(kestrune_tests dir)
   target_link_libraries(${name}-tests PRIVATE ${ARGN} GTest::gtest_main)
   gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 120)
 endfunction()
+
+# The add-in's rooms, from the ground to the top floor; each may use those above it in this list. ARGN: what the platform
+# is built on.
+macro(kestrune_add_in_rooms)
+  kestrune_room(platform ${ARGN})
+  kestrune_room(orim kestrune-platform)
+  kestrune_room(common kestrune-orim)
+  kestrune_room(doors kestrune-common)
+  kestrune_room(options kestrune-doors)
+  kestrune_room(documents kestrune-options)
+  kestrune_room(import kestrune-documents)
+  kestrune_room(addin kestrune-import)
+  target_compile_definitions(kestrune-addin PRIVATE KESTRUNE_VERSION="${PROJECT_VERSION}")
+endmacro()
