@@ -101,7 +101,7 @@ void OrimDoors::EditOptions(const orim::Repository& repository) {
   const orim::Package package = repository.SelectedPackage();
   if (!package || !Options(doors_).EnsureOK(repository, package, u"")) return;
   if (frmOptions(doors_).ShowOptions(repository, repository.SelectedPackage()) == frmOptions::kSaveAndImport)
-    Import(repository);
+    Transfer(repository, kImport);
 }
 
 void OrimDoors::ShowAbout() {

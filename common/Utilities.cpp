@@ -37,7 +37,8 @@ Text GetDataFolder(const Platform& platform) {
 }
 
 Text GetLinkFilePath(const Platform& platform, TextView package_guid) {
-  return GetDataFolder(platform).append(package_guid).append(kLinkFileExtension);
+  const Text folder = GetDataFolder(platform);
+  return folder.empty() ? folder : (folder + Text(package_guid)).append(kLinkFileExtension);
 }
 
 bool SaveLinkFile(const Platform& platform, TextView package_guid, TextView module_path) {

@@ -15,7 +15,7 @@ namespace kestrune {
 /// all the same.
 Text GetDataFolder(const Platform& platform);
 
-/// The link file of a package: named by the package's GUID, braces and all.
+/// The link file of a package: named by the package's GUID, braces and all; "" when there is no data folder.
 ///
 ///   <DoorsConnection><ModelPath>full path of the DOORS module</ModelPath></DoorsConnection>
 ///

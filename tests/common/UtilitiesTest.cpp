@@ -36,6 +36,8 @@ TEST(DataFolderTest, APlatformThatKnowsNoSuchFolder) {
   const Platform platform{test.desktop, none, test.objects};
   EXPECT_EQ(GetDataFolder(platform), u"");
   EXPECT_TRUE(GetConnectedPackages(platform).IsEmpty());
+  EXPECT_EQ(GetLinkFilePath(platform, kGuid), u"");
+  EXPECT_FALSE(SaveLinkFile(platform, kGuid, u"/P/M"));
 }
 
 TEST(LinkFileTest, GivesBackTheModulePathAsItWasGiven) {
