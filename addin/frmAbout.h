@@ -9,6 +9,8 @@ class frmAbout : public Form {
  public:
   frmAbout();
 
+  TextView ClassName() const override { return u"frmAbout"; }
+
   Label lblProduct{this, u"lblProduct"};
   Label lblVersion{this, u"lblVersion"};
   Button cmdOK{this, u"cmdOK"};

@@ -13,7 +13,7 @@ namespace {
 constexpr TextView kSource = u"DoorsDoc.Load";
 constexpr TextView kPositionField = u"Field Position";
 constexpr TextView kIdentifierField = u"Object Identifier";
-constexpr std::size_t kLongestElementName = 7;  // a million attributes are enough for anybody
+constexpr std::size_t kLongestId = 6;  // a million attributes are enough for anybody
 
 [[noreturn]] void ThrowBadExport(Text description) {
   throw AutomationError(DoorsDoc::kBadExport, Text(kSource), std::move(description));
@@ -48,22 +48,28 @@ XmlDocument LoadExport(const Text& path, const Platform& platform, const OutputT
   return document;
 }
 
-/// The number in an element name such as "a12"; nothing for any other name.
-std::optional<std::size_t> IdOfElement(TextView name) {
-  if (name.size() < 2 || name.size() > kLongestElementName || name[0] != u'a') return std::nullopt;
+/// The number that the digits make; nothing for anything else.
+std::optional<std::size_t> IdIn(TextView digits) {
+  if (digits.empty() || digits.size() > kLongestId) return std::nullopt;
   std::size_t id = 0;
-  for (const char16_t digit : name.substr(1)) {
+  for (const char16_t digit : digits) {
     if (digit < u'0' || digit > u'9') return std::nullopt;
     id = id * 10 + (digit - u'0');
   }
   return id;
 }
 
+/// The number in an element name such as "a12"; nothing for any other name.
+std::optional<std::size_t> IdOfElement(TextView name) {
+  if (!name.starts_with(u'a')) return std::nullopt;
+  return IdIn(name.substr(1));
+}
+
 std::unordered_map<Text, std::size_t> IdsByName(const XmlNode& attributes) {
   std::unordered_map<Text, std::size_t> ids;
   for (XmlNode each = attributes.FirstChild(); each; each = each.NextSibling()) {
     const auto name = each.Attribute(u"Name");
-    const auto id = IdOfElement(u"a" + each.Attribute(u"ID").value_or(u""));
+    const auto id = IdIn(each.Attribute(u"ID").value_or(u""));
     if (name && id) ids.emplace(*name, *id);
   }
   return ids;
@@ -111,8 +117,10 @@ void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
   if (count == 0) return;
   std::vector<Text> extras(requests_.size() + 1);
   std::size_t row = 0;
-  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling())
+  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) {
     ReadObject(++row, each, uses, extras);
+    each.SetContent(u"");  // the table grows in the memory that the tree gives back
+  }
 }
 
 void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses,
@@ -122,12 +130,14 @@ void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById
     if (!id) continue;
     if (*id == 0) table_.At(row, column::kKey) = NumericValue(value.Content());
     if (*id >= uses.size() || uses[*id].empty()) continue;
-    const Text content = WidenLineFeeds(value.Content());
+    Text content = WidenLineFeeds(value.Content());
     for (const Use& use : uses[*id]) {
+      const bool is_last = &use == &uses[*id].back();
+      Text copy = is_last ? std::move(content) : content;
       if (use.IsExtra)
-        extras[use.Column] = content;
+        extras[use.Column] = std::move(copy);
       else
-        table_.At(row, use.Column) = content;
+        table_.At(row, use.Column) = std::move(copy);
     }
   }
   for (std::size_t i = 0; i < requests_.size(); ++i) {
@@ -139,11 +149,17 @@ void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById
   }
 }
 
+// What lies below an object that is not in the export stands at the top, in its turn.
 void DoorsDoc::NumberSiblings() {
   if (table_.UpperColumn() < column::kPosition) return;
-  std::unordered_map<TextView, std::int32_t> last_position;  // by the parent's identifier
+  std::unordered_map<TextView, std::int32_t> last_position = {{u"", 0}};  // by the parent's identifier
   for (std::size_t row = 1; row <= table_.UpperRow(); ++row)
-    table_.At(row, column::kPosition) = last_position[table_.TextAt(row, column::kParent)] += 10;
+    last_position.emplace(table_.TextAt(row, column::kIdentifier), 0);
+  for (std::size_t row = 1; row <= table_.UpperRow(); ++row) {
+    auto parent = last_position.find(table_.TextAt(row, column::kParent));
+    if (parent == last_position.end()) parent = last_position.find(u"");
+    table_.At(row, column::kPosition) = parent->second += 10;
+  }
 }
 
 }  // namespace kestrune

@@ -14,9 +14,22 @@ bool NeedsMemo(const Text& text) {
   return text.size() > kLongestValue || text == kMemoValue;
 }
 
-void WriteTaggedValue(const orim::Element& element, const Text& name, const Text& text) {
-  const auto tagged_values = element.TaggedValues();
-  orim::TaggedValue tagged_value = tagged_values.Find(name);
+using TaggedValues = orim::Collection<orim::TaggedValue>;
+
+/// A tagged value that the package query did not answer is not there, or the host has given it to a new
+/// element of its own accord. A look through all of them would cost too much where many are made.
+orim::TaggedValue TryToGet(const TaggedValues& tagged_values, const Text& name) {
+  try {
+    return tagged_values.GetByName(name);
+  } catch (const AutomationError& failure) {
+    if (error::IsConnectionLost(failure.Number)) throw;
+    return {};
+  }
+}
+
+void WriteTaggedValue(const orim::Element& element, const Text& name, const Text& text, bool is_known) {
+  const TaggedValues tagged_values = element.TaggedValues();
+  orim::TaggedValue tagged_value = is_known ? tagged_values.GetByName(name) : TryToGet(tagged_values, name);
   const bool is_new = !tagged_value;
   if (is_new) tagged_value = tagged_values.AddNew(name, u"");
   if (NeedsMemo(text)) {
@@ -39,7 +52,7 @@ void ElementFieldWriter::Write(orim::Element& element, std::size_t row, std::siz
   if (HasFailed(name)) return;
   try {
     if (!index_.IsCreated(row)) ShowChange(element, row, column, value);
-    WriteField(element, column, value);
+    WriteField(element, row, column, value);
   } catch (const AutomationError& failure) {
     progress_.Progress(FormatResText(text::kErrorLine, {failure.Description}));
     failed_.push_back(name);
@@ -58,12 +71,12 @@ void ElementFieldWriter::ShowChange(const orim::Element& element, std::size_t ro
       element.Name(), package_.Fields()[column - 1].Name + u": " + old_value + u" --> " + value.ToText());
 }
 
-void ElementFieldWriter::WriteField(const orim::Element& element, std::size_t column,
+void ElementFieldWriter::WriteField(const orim::Element& element, std::size_t row, std::size_t column,
                                     const Variant& value) const {
   const OrimField& field = package_.Fields()[column - 1];
   switch (field.Kind) {
     case OrimField::kTaggedValue:
-      return WriteTaggedValue(element, field.Name, value.ToText());
+      return WriteTaggedValue(element, field.Name, value.ToText(), IsStored(row, column));
     case OrimField::kElementField:
       element.SetField(field.Name, value.ToText());
       break;
@@ -76,6 +89,10 @@ void ElementFieldWriter::WriteField(const orim::Element& element, std::size_t co
         return;
   }
   element.Save();
+}
+
+bool ElementFieldWriter::IsStored(std::size_t row, std::size_t column) const {
+  return !index_.IsCreated(row) && !package_.GetData().At(row, column).IsEmpty();
 }
 
 std::int32_t ElementFieldWriter::ParentIdOf(const Text& identifier) const {

@@ -26,7 +26,10 @@ class ElementFieldWriter {
  private:
   bool HasFailed(const Text& name) const;
   void ShowChange(const orim::Element& element, std::size_t row, std::size_t column, const Variant& value);
-  void WriteField(const orim::Element& element, std::size_t column, const Variant& value) const;
+  void WriteField(const orim::Element& element, std::size_t row, std::size_t column,
+                  const Variant& value) const;
+  /// Whether the package query has answered a value for the field.
+  bool IsStored(std::size_t row, std::size_t column) const;
   std::int32_t ParentIdOf(const Text& identifier) const;
 
   orim::Repository repository_;

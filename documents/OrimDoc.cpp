@@ -42,7 +42,7 @@ void OrimDoc::AddField(const Text& target) {
 Text OrimDoc::PackageIds() const {
   Text ids = ToText(package_.PackageID());
   if (const orim::Package trash = package_.Packages().Find(LoadResText(text::kTrashCan)))
-    ids += u"," + ToText(trash.PackageID());
+    ids.append(u",").append(ToText(trash.PackageID()));
   return ids;
 }
 
@@ -54,28 +54,28 @@ void OrimDoc::Load() {
   }
   const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {PackageIds()});
   const QueryAnswer answer(repository_, sql, QueryColumns());
-  FillFromIdentifierRows(answer);
-  FillTaggedValues(answer);
-}
-
-void OrimDoc::FillFromIdentifierRows(const QueryAnswer& answer) {
-  std::size_t count = 0;
-  answer.ForEach([&](const QueryAnswer::Row& row) {
-    if (!IsIdentifierRow(row)) return;
-    ++count;
-    identifier_by_id_.emplace(row.GetNumber(kObjectId), row.GetText(kValue));
-  });
-  table_ = DataTable(count, fields_.size());
+  FindElements(answer);
+  const ColumnsByName tagged_values = TaggedValueColumns();
   std::size_t next = 0;
   answer.ForEach([&](const QueryAnswer::Row& row) {
     if (IsIdentifierRow(row)) FillRow(++next, row);
+    FillTaggedValue(row, tagged_values);
   });
 }
 
+void OrimDoc::FindElements(const QueryAnswer& answer) {
+  std::size_t count = 0;
+  answer.ForEach([&](const QueryAnswer::Row& row) {
+    if (!IsIdentifierRow(row)) return;
+    const std::int32_t id = row.GetNumber(kObjectId);
+    row_by_id_.emplace(id, ++count);
+    identifier_by_id_.emplace(id, row.GetText(kValue));
+  });
+  table_ = DataTable(count, fields_.size());
+}
+
 void OrimDoc::FillRow(std::size_t row, const QueryAnswer::Row& source) {
-  const std::int32_t id = source.GetNumber(kObjectId);
-  table_.At(row, column::kKey) = id;
-  row_by_id_.emplace(id, row);
+  table_.At(row, column::kKey) = source.GetNumber(kObjectId);
   for (std::size_t c = 1; c <= fields_.size(); ++c) {
     if (const auto query_column = field_columns_[c - 1]; query_column && source.Has(*query_column))
       table_.At(row, c) = source.GetText(*query_column);
@@ -104,14 +104,11 @@ OrimDoc::ColumnsByName OrimDoc::TaggedValueColumns() const {
   return columns;
 }
 
-void OrimDoc::FillTaggedValues(const QueryAnswer& answer) {
-  const ColumnsByName columns = TaggedValueColumns();
-  answer.ForEach([&](const QueryAnswer::Row& row) {
-    const auto field = columns.find(row.GetText(kProperty));
-    if (field == columns.end()) return;
-    const auto element = row_by_id_.find(row.GetNumber(kObjectId));
-    if (element != row_by_id_.end()) table_.At(element->second, field->second) = row.GetText(kValue);
-  });
+void OrimDoc::FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns) {
+  const auto field = columns.find(source.GetText(kProperty));
+  if (field == columns.end()) return;
+  const auto element = row_by_id_.find(source.GetNumber(kObjectId));
+  if (element != row_by_id_.end()) table_.At(element->second, field->second) = source.GetText(kValue);
 }
 
 Variant OrimDoc::StoredValue(std::size_t row, std::size_t column) {

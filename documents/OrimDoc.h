@@ -45,9 +45,9 @@ class OrimDoc {
  private:
   using ColumnsByName = std::unordered_map<Text, std::size_t>;
 
-  void FillFromIdentifierRows(const QueryAnswer& answer);
+  void FindElements(const QueryAnswer& answer);
   void FillRow(std::size_t row, const QueryAnswer::Row& source);
-  void FillTaggedValues(const QueryAnswer& answer);
+  void FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns);
   Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const;
   ColumnsByName TaggedValueColumns() const;
   void LoadMemoTexts();

@@ -1,6 +1,6 @@
 #include "doors/Doors.h"
 
-#include "common/Resources.h"
+#include "common/Utilities.h"
 #include "doors/frmConnectProgress.h"
 
 namespace kestrune {
@@ -34,6 +34,12 @@ Text JoinFields(const std::vector<Text>& fields) {
 
 bool IsScriptError(TextView answer) {
   return answer.substr(0, 7) == u"Error: ";
+}
+
+void ShowFailure(Desktop& desktop, const AutomationError& failure) {
+  const bool is_lost = error::IsConnectionLost(failure.Number);
+  ShowMessage(desktop, is_lost ? FormatResText(text::kDoorsFailure) : failure.Description,
+              Icon::kExclamation);
 }
 
 }  // namespace kestrune

@@ -34,4 +34,7 @@ Text JoinFields(const std::vector<Text>& fields);
 /// True when a script's answer is one of its own error messages.
 bool IsScriptError(TextView answer);
 
+/// Tells the user of a failure; a lost connection to DOORS has a text of its own.
+void ShowFailure(Desktop& desktop, const AutomationError& failure);
+
 }  // namespace kestrune

@@ -1,6 +1,9 @@
 #include "doors/frmConnect.h"
 
+#include <utility>
+
 #include "common/Utilities.h"
+#include "doors/DoorsWinEnum.h"
 
 namespace kestrune {
 
@@ -35,9 +38,27 @@ void frmConnect::Form_Load() {
   Timer1.Interval = 100;
 }
 
+// DOORS may go while its modules are on screen. The user is told once, not at every tick; the list and its
+// selection stay, for a link needs no more than the path; and when DOORS is back, so is the refresh.
 void frmConnect::Timer1_Tick() {
+  try {
+    if (!IsConnected()) return;
+    ShowModules(doors_.RunScript(dxl_script::kListModules));
+    is_lost_ = false;
+  } catch (const AutomationError& failure) {
+    if (!std::exchange(is_lost_, true)) ShowFailure(doors_.platform().desktop, failure);
+  }
+}
+
+// The object of a DOORS that went does not come to life again; a ready DOORS gives another without a dialog.
+bool frmConnect::IsConnected() {
+  if (!is_lost_) return true;
+  return StateOf(FindDoorsWindow(doors_.platform().desktop)) == DoorsState::kReady && doors_.EnsureDoors();
+}
+
+void frmConnect::ShowModules(const Text& answer) {
   std::size_t count = 0;
-  for (const Text& line : Split(doors_.RunScript(dxl_script::kListModules), u"\n")) {
+  for (const Text& line : Split(answer, u"\n")) {
     const Text module(Trim(line));
     if (module.empty()) continue;
     if (count == lstModules.Items().size() || lstModules.Items()[count] != module) {

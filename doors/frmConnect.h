@@ -10,6 +10,8 @@ class frmConnect : public Form {
  public:
   explicit frmConnect(Doors& doors);
 
+  TextView ClassName() const override { return u"frmConnect"; }
+
   /// The chosen module's path, or "" when DOORS could not be reached or the user cancelled.
   Text ShowIt();
 
@@ -28,11 +30,14 @@ class frmConnect : public Form {
   void Form_Load() override;
   void Form_CloseBox() override { cmdCancel_Click(); }
   void Timer1_Tick();
+  bool IsConnected();
+  void ShowModules(const Text& answer);
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdManual_Click();
 
   Doors& doors_;
+  bool is_lost_ = false;  // the last refresh failed, which the user was told
 };
 
 }  // namespace kestrune

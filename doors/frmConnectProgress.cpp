@@ -52,9 +52,10 @@ void frmConnectProgress::Timer1_Tick() {
   WindowHandle window = 0;
   const DoorsState state = CurrentDoorsState(window);
   if (state == DoorsState::kReady) {
-    doors_ = platform_.objects.Create(kProgId);
-    Close();
-    return;
+    const Object made = platform_.objects.Create(kProgId);
+    if (!IsOpen()) return;  // cancelled while DOORS was making it
+    doors_ = made;
+    return Close();
   }
   lblStatus.SetCaption(LoadResText(StatusTextOf(state)));
   // The login dialog starts behind the host's window; it is kept in front for as long as it waits.

@@ -11,6 +11,8 @@ class frmConnectProgress : public Form {
  public:
   explicit frmConnectProgress(const Platform& platform);
 
+  TextView ClassName() const override { return u"frmConnectProgress"; }
+
   /// DOORS' automation object, at once when DOORS is ready, else after the dialog; nothing when the user
   /// cancels it.
   Object GetDoors();

@@ -14,6 +14,8 @@ class frmImport : public Form, public ImportProgress {
  public:
   explicit frmImport(Doors& doors);
 
+  TextView ClassName() const override { return u"frmImport"; }
+
   /// Opens the window and runs the transfer of the package selected in the host: Direction 0 imports, any
   /// other value compares for an export and changes nothing. Returns when the window has been closed.
   void Transfer(const orim::Repository& Repos, std::int32_t Direction);

@@ -10,6 +10,8 @@ class frmMapWizard : public Form {
  public:
   explicit frmMapWizard(Desktop& desktop);
 
+  TextView ClassName() const override { return u"frmMapWizard"; }
+
   /// The rule text for the attribute in that slot, or "" when the user cancels.
   Text DoWizard(const Options& options, std::size_t selected_doors_attribute, bool combine);
 

@@ -21,10 +21,6 @@ class WaitCursor {
   Desktop& desktop_;
 };
 
-Text MessageOf(const AutomationError& failure) {
-  return error::IsConnectionLost(failure.Number) ? FormatResText(text::kDoorsFailure) : failure.Description;
-}
-
 /// Throws when a rule that maps the attribute would be read as one of other attributes.
 void RequireMappable(const Text& attribute) {
   if (ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)})) return;
@@ -59,7 +55,7 @@ Event frmOptions::Guarded(Event handler) {
     try {
       handler();
     } catch (const AutomationError& failure) {
-      ShowMessage(doors_.platform().desktop, MessageOf(failure), Icon::kExclamation);
+      ShowFailure(doors_.platform().desktop, failure);
     }
   };
 }

@@ -12,6 +12,8 @@ class frmOptions : public Form {
 
   explicit frmOptions(Doors& doors);
 
+  TextView ClassName() const override { return u"frmOptions"; }
+
   /// Shows the options of the package and saves them unless the user cancels; returns how the dialog was
   /// closed.
   CloseCode ShowOptions(const orim::Repository& repository, const orim::Package& selected_package);

@@ -39,6 +39,7 @@ void ListBox::AddItem(Text item) {
 void ListBox::SetItem(std::size_t index, Text item) {
   if (index == items_.size()) return AddItem(std::move(item));
   items_.at(index) = std::move(item);
+  last_changed_ = index;
   Changed();
 }
 

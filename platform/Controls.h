@@ -43,6 +43,8 @@ class ListBox : public Control {
 
   const std::vector<Text>& Items() const { return items_; }
   int ListIndex() const { return list_index_; }  // -1: none
+  /// The line set last: a change is shown without a look at all the others.
+  std::size_t LastChanged() const { return last_changed_; }
   /// The selected line, or "".
   Text SelectedText() const;
   void AddItem(Text item);
@@ -60,6 +62,7 @@ class ListBox : public Control {
 
  private:
   std::vector<Text> items_;
+  std::size_t last_changed_ = 0;
   int list_index_ = -1;
 };
 

@@ -32,12 +32,17 @@ class Form {
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
+  /// The class's name: whoever shows forms in windows finds the window's layout by it.
+  virtual TextView ClassName() const { return {}; }
+
   Text Caption;
   Text FontName;  // empty: the platform's standard font
   int HelpContextID = 0;
 
   /// For the desktop: opens the form and lets it set itself up.
   void Open(FormPeer* peer);
+  /// For the desktop: the form has been closed and its peer is going.
+  void Detach() { peer_ = nullptr; }
   bool IsOpen() const { return is_open_; }
   void Close() { is_open_ = false; }
   /// The user closes the window other than by a button: the close box, Alt+F4, Esc.

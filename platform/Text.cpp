@@ -18,6 +18,14 @@ bool IsLowSurrogate(char16_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
+/// Looks at every unit, without a way out: such a loop is one that the compiler turns into vector code.
+template <typename View>
+bool IsAscii(View text) {
+  unsigned seen = 0;
+  for (const auto unit : text) seen |= static_cast<unsigned>(unit);
+  return (seen & ~0x7Fu) == 0;
+}
+
 bool IsWellFormed(TextView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (IsLowSurrogate(text[i])) return false;
@@ -50,6 +58,7 @@ Text Mapped(TextView text, Convert convert) {
 }  // namespace
 
 std::string ToUtf8(TextView text) {
+  if (IsAscii(text)) return {text.begin(), text.end()};
   if (!IsWellFormed(text)) return ToUtf8(WithoutLoneSurrogates(text));
   std::string utf8;
   utf8.reserve(text.size());
@@ -58,17 +67,14 @@ std::string ToUtf8(TextView text) {
 }
 
 Text FromUtf8(std::string_view utf8) {
-  const auto ascii_end =
-      std::find_if(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-  Text text(utf8.begin(), ascii_end);
-  if (ascii_end == utf8.end()) return text;
-  if (!utf8::is_valid(ascii_end, utf8.end())) {
+  if (IsAscii(utf8)) return {utf8.begin(), utf8.end()};
+  if (!utf8::is_valid(utf8.begin(), utf8.end())) {
     std::string mended;
     utf8::replace_invalid(utf8.begin(), utf8.end(), std::back_inserter(mended));
     return FromUtf8(mended);
   }
-  text.reserve(utf8.size());
-  utf8::unchecked::utf8to16(ascii_end, utf8.end(), std::back_inserter(text));
+  Text text(utf8.size(), u'\0');  // never more units than bytes
+  text.erase(utf8::unchecked::utf8to16(utf8.begin(), utf8.end(), text.begin()), text.end());
   return text;
 }
 
@@ -102,6 +108,7 @@ Text AsciiLower(TextView text) {
 }
 
 Text WidenLineFeeds(Text text) {
+  if (std::count(text.begin(), text.end(), u'\n') == 0) return text;  // nearly all of them, and fast
   const auto is_bare = [&text](std::size_t i) {
     return text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r');
   };

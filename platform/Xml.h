@@ -40,8 +40,8 @@ class XmlNode {
 
  private:
   friend class XmlDocument;
-  explicit XmlNode(void* node) : node_(node) {}
-  void* node_ = nullptr;
+  explicit XmlNode(std::shared_ptr<void> node) : node_(std::move(node)) {}
+  std::shared_ptr<void> node_;  // owns only where the parser hands out owners
 };
 
 class XmlDocument {

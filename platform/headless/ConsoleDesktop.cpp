@@ -9,7 +9,14 @@ namespace kestrune {
 /// that only continue it: the head of a group of changes is rewritten when its second change comes.
 class ConsoleDesktop::LinePrinter : public FormPeer {
  public:
-  LinePrinter(const ListBox& list, std::ostream& out) : list_(list), out_(out) {}
+  LinePrinter(const ListBox& list, std::ostream& out, std::vector<LinePrinter*>& all)
+      : list_(list), out_(out), all_(all) {
+    all_.push_back(this);
+  }
+  ~LinePrinter() override {
+    Flush();
+    std::erase(all_, this);
+  }
 
   void FormChanged(Form&) override {}
   void SetFocus(Control&) override {}
@@ -32,28 +39,29 @@ class ConsoleDesktop::LinePrinter : public FormPeer {
 
   const ListBox& list_;
   std::ostream& out_;
+  std::vector<LinePrinter*>& all_;
   std::size_t printed_ = 0;
 };
 
-FormPeer* ConsoleDesktop::PeerFor(Form& form) {
+std::unique_ptr<FormPeer> ConsoleDesktop::PeerFor(Form& form) {
   const auto* list = dynamic_cast<ListBox*>(form.FindControl(printed_list_));
   if (!list) return nullptr;
-  printer_ = std::make_shared<LinePrinter>(*list, out_);
-  return printer_.get();
+  return std::make_unique<LinePrinter>(*list, out_, printers_);
 }
 
 void ConsoleDesktop::Use(Form& form) {
-  const bool is_printed = form.Peer() != nullptr;
-  const auto printer = printer_;
   const bool was_used =
       std::any_of(users_.rbegin(), users_.rend(), [&](const auto& use) { return use(form); });
-  if (is_printed) printer->Flush();
   if (!was_used) err_ << "[" << ToUtf8(form.Caption) << "] (closed: there is nobody to use it)\n";
 }
 
-Answer ConsoleDesktop::AnswerTo(const Message& message) {
-  if (printer_) printer_->Flush();
+void ConsoleDesktop::Print(const Message& message) {
+  for (LinePrinter* printer : printers_) printer->Flush();
   err_ << "[" << ToUtf8(message.Title) << "] " << ToUtf8(message.Body) << std::endl;
+}
+
+Answer ConsoleDesktop::AnswerTo(const Message& message) {
+  Print(message);
   if (message.Buttons == Buttons::kOk) return Answer::kOk;
   if (fixed_answer_) return *fixed_answer_;
   const auto entry = TextFor(message.Title, u"Yes or No?");

@@ -33,7 +33,10 @@ class ConsoleDesktop : public HeadlessDesktop {
   void Use(Form& form) override;
   Answer AnswerTo(const Message& message) override;
   std::optional<Text> TextFor(const Text& title, const Text& prompt) override;
-  FormPeer* PeerFor(Form& form) override;
+  std::unique_ptr<FormPeer> PeerFor(Form& form) override;
+
+  /// Puts a message box on the terminal, after the lines that came before it.
+  void Print(const Message& message);
 
  private:
   class LinePrinter;
@@ -44,7 +47,7 @@ class ConsoleDesktop : public HeadlessDesktop {
   std::optional<Answer> fixed_answer_;
   std::vector<std::function<bool(Form&)>> users_;
   Text printed_list_;
-  std::shared_ptr<LinePrinter> printer_;
+  std::vector<LinePrinter*> printers_;  // of the open forms that are printed
 };
 
 }  // namespace kestrune

@@ -4,15 +4,17 @@ namespace kestrune {
 
 void HeadlessDesktop::ShowModal(Form& form) {
   Tick();
+  const std::unique_ptr<FormPeer> peer = PeerFor(form);
   open_forms_.push_back(&form);
   struct Leave {
     ~Leave() {
       forms.back()->Close();
+      forms.back()->Detach();
       forms.pop_back();
     }
     std::vector<Form*>& forms;
   } leave{open_forms_};
-  form.Open(PeerFor(form));
+  form.Open(peer.get());
   if (form.IsOpen()) Use(form);
 }
 

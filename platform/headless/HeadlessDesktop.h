@@ -3,6 +3,8 @@
 // forms tick, as a real message loop would.
 #pragma once
 
+#include <memory>
+
 #include "platform/Controls.h"
 #include "platform/Desktop.h"
 
@@ -57,8 +59,8 @@ class HeadlessDesktop : public Desktop {
   virtual void Use(Form& form) = 0;
   virtual Answer AnswerTo(const Message& message) = 0;
   virtual std::optional<Text> TextFor(const Text& title, const Text& prompt) = 0;
-  /// The peer that a form gets; none by default.
-  virtual FormPeer* PeerFor(Form&) { return nullptr; }
+  /// The peer that a form gets for as long as it is shown; none by default.
+  virtual std::unique_ptr<FormPeer> PeerFor(Form&) { return nullptr; }
 
  private:
   std::vector<Form*> open_forms_;

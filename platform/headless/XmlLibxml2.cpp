@@ -13,10 +13,15 @@ namespace {
 
 constexpr int kOptions = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_COMPACT | XML_PARSE_NOCDATA |
                          XML_PARSE_BIG_LINES | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
+constexpr std::size_t kUtf8PerUnit = 3;  // bytes at most
 constexpr const char* kDtdRefused = "A document type definition is not accepted.";
 
-xmlNode* NodeOf(void* node) {
-  return static_cast<xmlNode*>(node);
+xmlNode* NodeOf(const std::shared_ptr<void>& node) {
+  return static_cast<xmlNode*>(node.get());
+}
+/// The document owns its nodes; a handle on one owns nothing.
+std::shared_ptr<void> HandleOf(xmlNode* node) {
+  return {std::shared_ptr<void>(), node};
 }
 const xmlChar* Bytes(const std::string& utf8) {
   return reinterpret_cast<const xmlChar*>(utf8.c_str());
@@ -80,11 +85,15 @@ int ReadChunk(void* file, char* buffer, int size) {
   return std::ferror(stream) ? -1 : static_cast<int>(count);
 }
 
-int ReadFromMemory(void* unread, char* buffer, int size) {
-  auto& rest = *static_cast<std::string_view*>(unread);
-  const auto count = rest.copy(buffer, static_cast<std::size_t>(size));
-  rest.remove_prefix(count);
-  return static_cast<int>(count);
+/// Hands on a text as UTF-8, piece by piece: a query's answer may be so large that a second copy would be
+/// felt.
+int ReadFromText(void* unread, char* buffer, int size) {
+  auto& rest = *static_cast<TextView*>(unread);
+  TextView piece = rest.substr(0, static_cast<std::size_t>(size) / kUtf8PerUnit);
+  const bool ends_within_pair = piece.size() > 1 && (piece.back() & 0xFC00) == 0xD800;
+  if (ends_within_pair) piece.remove_suffix(1);
+  rest.remove_prefix(piece.size());
+  return static_cast<int>(ToUtf8(piece).copy(buffer, static_cast<std::size_t>(size)));
 }
 
 }  // namespace
@@ -107,10 +116,10 @@ std::optional<Text> XmlNode::Attribute(TextView name) const {
 }
 
 XmlNode XmlNode::FirstChild() const {
-  return XmlNode(ElementFrom(NodeOf(node_)->children));
+  return XmlNode(HandleOf(ElementFrom(NodeOf(node_)->children)));
 }
 XmlNode XmlNode::NextSibling() const {
-  return XmlNode(ElementFrom(NodeOf(node_)->next));
+  return XmlNode(HandleOf(ElementFrom(NodeOf(node_)->next)));
 }
 
 void XmlNode::SetContent(TextView text) {
@@ -121,7 +130,7 @@ void XmlNode::SetContent(TextView text) {
 }
 
 XmlNode XmlNode::AppendElement(TextView name) {
-  return XmlNode(xmlNewChild(NodeOf(node_), nullptr, Bytes(ToUtf8(name)), nullptr));
+  return XmlNode(HandleOf(xmlNewChild(NodeOf(node_), nullptr, Bytes(ToUtf8(name)), nullptr)));
 }
 
 struct XmlDocument::Peer {
@@ -174,11 +183,10 @@ bool XmlDocument::LoadFile(const Text& path) {
 
 bool XmlDocument::LoadText(TextView xml) {
   peer_->Clear();
-  const std::string utf8 = ToUtf8(xml);
-  std::string_view unread = utf8;
+  TextView unread = xml;
   const auto parser = NewParser();
-  return peer_->Take(parser.get(), xmlCtxtReadIO(parser.get(), ReadFromMemory, nullptr, &unread, nullptr,
-                                                 "UTF-8", kOptions));
+  return peer_->Take(parser.get(),
+                     xmlCtxtReadIO(parser.get(), ReadFromText, nullptr, &unread, nullptr, "UTF-8", kOptions));
 }
 
 const XmlParseError& XmlDocument::ParseError() const {
@@ -187,12 +195,12 @@ const XmlParseError& XmlDocument::ParseError() const {
 
 XmlNode XmlDocument::SelectSingleNode(TextView xpath) const {
   const auto found = peer_->Find(xpath);
-  return found.empty() ? XmlNode() : XmlNode(found.front());
+  return found.empty() ? XmlNode() : XmlNode(HandleOf(found.front()));
 }
 
 std::vector<XmlNode> XmlDocument::SelectNodes(TextView xpath) const {
   std::vector<XmlNode> nodes;
-  for (xmlNode* node : peer_->Find(xpath)) nodes.push_back(XmlNode(node));
+  for (xmlNode* node : peer_->Find(xpath)) nodes.push_back(XmlNode(HandleOf(node)));
   return nodes;
 }
 
@@ -201,7 +209,7 @@ XmlNode XmlDocument::AppendRoot(TextView name) {
   peer_->document = xmlNewDoc(nullptr);
   xmlNode* root = xmlNewDocNode(peer_->document, nullptr, Bytes(ToUtf8(name)), nullptr);
   xmlDocSetRootElement(peer_->document, root);
-  return XmlNode(root);
+  return XmlNode(HandleOf(root));
 }
 
 bool XmlDocument::Save(const Text& path) const {

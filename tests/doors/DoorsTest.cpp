@@ -1,49 +1,13 @@
 #include "common/Resources.h"
-#include "doors/Doors.h"
-#include "doors/frmConnect.h"
 #include "doors/frmConnectProgress.h"
-#include "tests/support/TestPlatform.h"
-#include "workbench/StandInObject.h"
+#include "tests/doors/DoorsFixture.h"
 
 namespace kestrune {
 namespace {
 
+using testing::kMainWindow;
 using testing::TestPlatform;
-
-/// DOORS as far as these dialogs see it: answers every script with the same text and remembers the
-/// parameters.
-class FakeDoors : public workbench::StandInObject<FakeDoors> {
- public:
-  static constexpr const char16_t* kClassName = u"FakeDoors";
-  static const Members& Table() {
-    static const Members table = {
-        {u"Result",
-         {.Get = [](FakeDoors& self) { return Variant(self.Answer); },
-          .Put = [](FakeDoors& self, const Variant& value) { self.Parameters.push_back(value.ToText()); }}},
-        {u"RunStr",
-         {.Call =
-              [](FakeDoors& self, const Args& args) {
-                self.Scripts.push_back(args[0].ToText());
-                return Variant();
-              },
-          .ArgCount = 1}},
-    };
-    return table;
-  }
-  Text Answer;
-  std::vector<Text> Parameters;
-  std::vector<Text> Scripts;
-};
-
-constexpr std::uint32_t kMainWindow = 0x14CF0000;  // with WS_VISIBLE, which is outside of the mask
-
-struct DoorsTest : ::testing::Test, TestPlatform {
-  DoorsTest() { objects.objects[u"Doors.Application"] = application->AsObject(); }
-  void OpenMainWindow() { desktop.AddWindow({u"DOORSWindow", kMainWindow}); }
-
-  std::shared_ptr<FakeDoors> application = std::make_shared<FakeDoors>();
-  Doors doors{platform};
-};
+using DoorsTest = testing::DoorsFixture;
 
 TEST_F(DoorsTest, TheWindowTellsTheState) {
   const struct {
@@ -128,85 +92,59 @@ TEST_F(DoorsTest, AScriptWithoutParametersLeavesTheResultSlotAlone) {
   EXPECT_EQ(application->Scripts[1], LoadDxl(102));
 }
 
-struct ConnectTest : DoorsTest {
-  ConnectTest() { OpenMainWindow(); }
-  Text Connect(const std::function<void(frmConnect&)>& user) {
-    desktop.OnForm<frmConnect>(user);
-    return frmConnect(doors).ShowIt();
-  }
-  void List(Text answer) {
-    application->Answer = std::move(answer);
+TEST_F(DoorsTest, ADoorsThatCannotBeCreatedIsTheCallersAffairAndTheDialogIsClosed) {
+  objects.objects.clear();
+  const frmConnectProgress* shown = nullptr;
+  desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& form) {
+    shown = &form;
+    OpenMainWindow();
     desktop.Tick();
+  });
+  frmConnectProgress form(platform);
+  EXPECT_THROW(form.GetDoors(), AutomationError);
+  ASSERT_EQ(shown, &form);
+  EXPECT_FALSE(form.IsOpen());
+  desktop.Tick();  // no timer of it is left to fail again
+}
+
+/// Lets messages run while it makes an object, as the system does.
+struct PumpingObjects : ObjectFactory {
+  Object Create(TextView) override {
+    ++Created;
+    WhileCreating();
+    return Made;
   }
+  Object Made;
+  std::function<void()> WhileCreating;
+  int Created = 0;
 };
 
-TEST_F(ConnectTest, ListsModulesAndFollowsTheirChanges) {
-  Connect([&](frmConnect& form) {
-    List(u"/P/A\n  \n/P/B \n\n/P/C\n");
-    EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/B", u"/P/C"}));
-    EXPECT_EQ(form.lstModules.SelectedText(), u"/P/A") << "the first one, at the first filling";
-    form.lstModules.ClickItem(2);
-    List(u"/P/A\n/P/B\n/P/C\n/P/D\n");
-    EXPECT_EQ(form.lstModules.ListIndex(), 2) << "an unchanged list keeps the user's selection";
-    List(u"/P/A\n/P/C\n");
-    EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/C"}));
-    EXPECT_FALSE(form.cmdOK.Enabled()) << "the selected line is gone";
-    List(u"");
-    EXPECT_FALSE(form.cmdOK.Enabled());
-    List(u"/P/E\n");
-    EXPECT_TRUE(form.cmdOK.Enabled());
-    form.cmdCancel.Press();
-  });
-}
-
-TEST_F(ConnectTest, EveryWayToChooseOrNot) {
+TEST_F(DoorsTest, MessagesThatRunWhileDoorsIsCreated) {
+  PumpingObjects pumping;
+  pumping.Made = application->AsObject();
+  const Platform pumped{desktop, folders, pumping};
   const struct {
     const char* name;
-    std::function<void(frmConnect&)> user;
-    Text chosen;
+    std::function<void(frmConnectProgress&)> meanwhile;
+    bool is_connected;
   } cases[] = {
-      {"OK",
-       [](frmConnect& form) {
-         form.lstModules.ClickItem(1);
-         form.cmdOK.Press();
-       },
-       u"/P/B"},
-      {"double click", [](frmConnect& form) { form.lstModules.DoubleClickItem(1); }, u"/P/B"},
-      {"Cancel", [](frmConnect& form) { form.cmdCancel.Press(); }, u""},
-      {"the close box", [](frmConnect& form) { form.CloseByUser(); }, u""},
-      {"by hand, as typed",
-       [this](frmConnect& form) {
-         desktop.OnInput(u" /Q/Z ");
-         form.cmdManual.Press();
-       },
-       u" /Q/Z "},
-      {"by hand, empty, then OK",
-       [this](frmConnect& form) {
-         desktop.OnInput(u"");
-         form.cmdManual.Press();
-         desktop.OnInput(std::nullopt);
-         form.cmdManual.Press();
-         form.cmdOK.Press();
-       },
-       u"/P/A"},
+      {"ticks", [this](frmConnectProgress&) { desktop.Tick(); }, true},
+      {"Cancel", [](frmConnectProgress& form) { form.cmdCancel.Press(); }, false},
+      {"the close box", [](frmConnectProgress& form) { form.CloseByUser(); }, false},
   };
-  application->Answer = u"/P/A\n/P/B\n";
+  OpenMainWindow();
   for (const auto& each : cases) {
-    EXPECT_EQ(Connect([&](frmConnect& form) {
-                desktop.Tick();
-                each.user(form);
-              }),
-              each.chosen)
-        << each.name;
+    desktop.WindowAt(1).Visible = false;
+    desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& form) {
+      desktop.WindowAt(1).Visible = true;
+      pumping.WhileCreating = [&] { each.meanwhile(form); };
+      pumping.Created = 0;
+      desktop.Tick();
+      EXPECT_EQ(pumping.Created, 1) << each.name;
+      EXPECT_FALSE(form.IsOpen()) << each.name;
+    });
+    EXPECT_EQ(static_cast<bool>(frmConnectProgress(pumped).GetDoors()), each.is_connected) << each.name;
   }
-}
-
-TEST_F(ConnectTest, HelpOpensTheDialogsOwnTopic) {
-  Connect([](frmConnect& form) {
-    form.cmdHelp.Press();
-    form.cmdCancel.Press();
-  });
-  EXPECT_EQ(desktop.HelpShown(), std::vector<int>{5740});
 }
 
 }  // namespace

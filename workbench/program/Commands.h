@@ -17,6 +17,7 @@ void RunDxl(const Settings& settings, const std::string& script, const std::stri
 // On a model
 void NewModel(const Settings& settings, const Terminal& terminal);
 void PrintTree(const Settings& settings, const Terminal& terminal);
+void PrintTree(const OrimModel& model, const Terminal& terminal);
 void ListLinkedPackages(const Settings& settings, const Terminal& terminal);
 
 // On both, through the add-in
@@ -27,5 +28,7 @@ void EditOptions(const Settings& settings, const std::string& view, const std::s
 /// `item_id` is the menu item: Import or Export.
 void Transfer(const Settings& settings, int item_id, const Terminal& terminal);
 void Locate(const Settings& settings, const std::string& element, const Terminal& terminal);
+/// Plays a script of user actions; throws ScriptError.
+void Play(const Settings& settings, const std::string& script, const Terminal& terminal);
 
 }  // namespace kestrune::workbench

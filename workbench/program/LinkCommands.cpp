@@ -134,7 +134,6 @@ void Locate(const Settings& settings, const std::string& element, const Terminal
   const auto found = std::find_if(items.begin(), items.end(), is_wanted);
   if (found == items.end()) throw CommandError(u"The package has no element \"" + wanted + u"\".");
   machine.Model().SelectElement(found->Id);
-  machine.Model().SelectPackage(machine.Package().Id);
   machine.ClickMenu(text::kMenuLocate);
   for (const OpenModuleState& module : machine.Doors().OpenModules()) {
     if (!module.is_displayed || module.scrolled_to == 0) continue;

@@ -48,10 +48,14 @@ Text DoorsMachine::RunAddInScript(int id, const Text& parameter) {
 }
 
 Machine::Machine(const Settings& settings, const Terminal& terminal)
-    : desktop_(terminal.in, terminal.out, terminal.err, FixedAnswer(settings)),
+    : Machine(settings, std::make_unique<ConsoleDesktop>(terminal.in, terminal.out, terminal.err,
+                                                         FixedAnswer(settings))) {}
+
+Machine::Machine(const Settings& settings, std::unique_ptr<ConsoleDesktop> desktop)
+    : desktop_(std::move(desktop)),
       model_(OpenModel(settings)),
       package_(model_.FindPackage(FromUtf8(settings.package))),
-      doors_(settings, &desktop_) {
+      doors_(settings, desktop_.get()) {
   model_.SelectPackage(package_.Id);
   const orim::Repository repository = Repository();
   if (add_in_.Orim_Connect(repository).empty()) throw CommandError(u"The add-in does not take this host.");
@@ -63,14 +67,29 @@ Object Machine::Create(TextView prog_id) {
   throw AutomationError(error::kNoSuchClass, u"workbench", Text(u"There is no class ").append(prog_id));
 }
 
+void Machine::SelectPackage(TextView path_or_name) {
+  package_ = model_.FindPackage(path_or_name);
+  model_.SelectPackage(package_.Id);
+}
+
 void Machine::ClickMenu(int item_id) {
+  ClickMenu(LoadResText(item_id));
+}
+
+void Machine::ClickMenu(const Text& item) {
   const Text menu = LoadResText(text::kMenuTop);
-  const Text item = LoadResText(item_id);
   const auto items = add_in_.Orim_GetMenuItems(Repository(), u"", menu).ToTextArray();
+  const auto offers = [&items](const Text& label) {
+    return std::find(items.begin(), items.end(), label) != items.end();
+  };
+  const bool is_linked = offers(LoadResText(text::kMenuImport));
   // "&Export" is never in the menu, and nevertheless a command of every linked package.
-  const Text offered = item_id == text::kMenuExport ? LoadResText(text::kMenuImport) : item;
-  if (std::find(items.begin(), items.end(), offered) == items.end())
-    throw CommandError(u"The package \"" + package_.Name + u"\" is not linked to a DOORS module.");
+  const bool is_export = item == LoadResText(text::kMenuExport);
+  if (!offers(item) && !(is_linked && is_export)) {
+    throw CommandError(is_linked
+                           ? u"The add-in's menu has no item \"" + item + u"\"."
+                           : u"The package \"" + package_.Name + u"\" is not linked to a DOORS module.");
+  }
   add_in_.Orim_MenuClick(Repository(), menu, item);
 }
 

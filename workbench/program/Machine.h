@@ -39,6 +39,7 @@ class DoorsMachine : private ObjectFactory {
   DoorsMachine(const Settings& settings, HeadlessDesktop* desktop = nullptr);
 
   DoorsStandIn& StandIn() { return stand_in_; }
+  DoorsDatabase& Database() { return database_; }
   /// Runs one of the add-in's own scripts; throws CommandError with what the script answers as an error.
   Text RunAddInScript(int id, const Text& parameter);
   const Folders& UserFolders() const { return folders_; }
@@ -57,26 +58,31 @@ class DoorsMachine : private ObjectFactory {
 class Machine : private ObjectFactory {
  public:
   Machine(const Settings& settings, const Terminal& terminal);
+  Machine(const Settings& settings, std::unique_ptr<ConsoleDesktop> desktop);
 
   OrimModel& Model() { return model_; }
   DoorsStandIn& Doors() { return doors_.StandIn(); }
-  ConsoleDesktop& Desktop() { return desktop_; }
+  DoorsDatabase& DoorsData() { return doors_.Database(); }
+  ConsoleDesktop& Desktop() { return *desktop_; }
   OrimDoors& AddIn() { return add_in_; }
   orim::Repository Repository() const { return orim::Repository(model_.Repository()); }
   const PackageInfo& Package() const { return package_; }
 
-  /// Clicks an item of the add-in's menu; throws CommandError when the menu does not offer it, the package
-  /// not being linked.
+  /// Selects a package in the host, by name or path.
+  void SelectPackage(TextView path_or_name);
+  /// Clicks an item of the add-in's menu, given as it stands there or by its text's id; throws CommandError
+  /// when the menu does not offer it, such as Import where the package is not linked.
+  void ClickMenu(const Text& item);
   void ClickMenu(int item_id);
 
  private:
   Object Create(TextView prog_id) override;
 
-  ConsoleDesktop desktop_;
+  std::unique_ptr<ConsoleDesktop> desktop_;
   OrimModel model_;
   PackageInfo package_;
   DoorsMachine doors_;
-  Platform platform_{desktop_, doors_.UserFolders(), *this};
+  Platform platform_{*desktop_, doors_.UserFolders(), *this};
   OrimDoors add_in_{platform_};
 };
 

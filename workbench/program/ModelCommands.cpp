@@ -43,7 +43,10 @@ void NewModel(const Settings& settings, const Terminal& terminal) {
 }
 
 void PrintTree(const Settings& settings, const Terminal& terminal) {
-  OrimModel model = OpenModel(settings);
+  PrintTree(OpenModel(settings), terminal);
+}
+
+void PrintTree(const OrimModel& model, const Terminal& terminal) {
   for (const PackageInfo& package : model.Packages()) {
     if (package.ParentId != 0) continue;
     terminal.out << ToUtf8(package.Name) << "/\n";

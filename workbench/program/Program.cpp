@@ -17,18 +17,21 @@ constexpr int kFailed = 1;
 class CommandLine {
  public:
   explicit CommandLine(const Terminal& terminal) : terminal_(terminal) {
-    app_.require_subcommand(1);
-    app_.failure_message(CLI::FailureMessage::simple);
+    app_.require_subcommand(0, 1);  // so that an unknown word is named, see Run
+    app_.failure_message(
+        [](const CLI::App*, const CLI::Error& failure) { return std::string(failure.what()) + "\n"; });
     AddDoorsCommands();
     AddModelCommands();
     AddLinkCommands();
     AddTransferCommands();
+    AddPlay();
     AddDemo();
   }
 
   void Run(std::vector<std::string> args) {
     std::reverse(args.begin(), args.end());
     app_.parse(args);
+    if (app_.get_subcommands().empty()) throw CommandError(u"A command is needed; --help lists them.");
   }
   int Report(const CLI::ParseError& failure) {
     return app_.exit(failure, terminal_.out, terminal_.err) ? kFailed : 0;
@@ -118,6 +121,15 @@ class CommandLine {
                  [this] { Locate(settings_, element_, terminal_); })
         ->add_option("ELEMENT", element_, "The element's name or Object Identifier")
         ->required();
+  }
+
+  void AddPlay() {
+    CLI::App* play = Command(&app_, "play", "Play a script of what users do in the add-in's dialogs",
+                             [this] { Play(settings_, file_, terminal_); });
+    play->add_option("SCRIPT", file_, "The script's file")->required();
+    TakesModel(play);
+    TakesDoors(play);
+    TakesPackage(play);
   }
 
   void AddDemo() {

@@ -1,0 +1,202 @@
+#include "common/Resources.h"
+#include "doors/frmConnect.h"
+#include "tests/doors/DoorsFixture.h"
+
+namespace kestrune {
+namespace {
+
+using testing::DoorsFixture;
+using testing::kMainWindow;
+
+struct ConnectTest : DoorsFixture {
+  ConnectTest() { OpenMainWindow(); }
+  Text Connect(const std::function<void(frmConnect&)>& user) {
+    desktop.OnForm<frmConnect>(user);
+    return frmConnect(doors).ShowIt();
+  }
+  void List(Text answer) {
+    application->Answer = std::move(answer);
+    desktop.Tick();
+  }
+};
+
+TEST_F(ConnectTest, ListsModulesAndFollowsTheirChanges) {
+  Connect([&](frmConnect& form) {
+    List(u"/P/A\n  \n/P/B \n\n/P/C\n");
+    EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/B", u"/P/C"}));
+    EXPECT_EQ(form.lstModules.SelectedText(), u"/P/A") << "the first one, at the first filling";
+    form.lstModules.ClickItem(2);
+    List(u"/P/A\n/P/B\n/P/C\n/P/D\n");
+    EXPECT_EQ(form.lstModules.ListIndex(), 2) << "an unchanged list keeps the user's selection";
+    List(u"/P/A\n/P/C\n");
+    EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/C"}));
+    EXPECT_FALSE(form.cmdOK.Enabled()) << "the selected line is gone";
+    List(u"");
+    EXPECT_FALSE(form.cmdOK.Enabled());
+    List(u"/P/E\n");
+    EXPECT_TRUE(form.cmdOK.Enabled());
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(ConnectTest, EveryWayToChooseOrNot) {
+  const struct {
+    const char* name;
+    std::function<void(frmConnect&)> user;
+    Text chosen;
+  } cases[] = {
+      {"OK",
+       [](frmConnect& form) {
+         form.lstModules.ClickItem(1);
+         form.cmdOK.Press();
+       },
+       u"/P/B"},
+      {"double click", [](frmConnect& form) { form.lstModules.DoubleClickItem(1); }, u"/P/B"},
+      {"Cancel", [](frmConnect& form) { form.cmdCancel.Press(); }, u""},
+      {"the close box", [](frmConnect& form) { form.CloseByUser(); }, u""},
+      {"by hand, as typed",
+       [this](frmConnect& form) {
+         desktop.OnInput(u" /Q/Z ");
+         form.cmdManual.Press();
+       },
+       u" /Q/Z "},
+      {"by hand, empty, then OK",
+       [this](frmConnect& form) {
+         desktop.OnInput(u"");
+         form.cmdManual.Press();
+         desktop.OnInput(std::nullopt);
+         form.cmdManual.Press();
+         form.cmdOK.Press();
+       },
+       u"/P/A"},
+  };
+  application->Answer = u"/P/A\n/P/B\n";
+  for (const auto& each : cases) {
+    EXPECT_EQ(Connect([&](frmConnect& form) {
+                desktop.Tick();
+                each.user(form);
+              }),
+              each.chosen)
+        << each.name;
+  }
+}
+
+TEST_F(ConnectTest, HelpOpensTheDialogsOwnTopic) {
+  Connect([](frmConnect& form) {
+    form.cmdHelp.Press();
+    form.cmdCancel.Press();
+  });
+  EXPECT_EQ(desktop.HelpShown(), std::vector<int>{5740});
+}
+
+TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
+  int depth = 0;
+  application->Answer = u"/P/A\n/P/B\n";
+  Connect([&](frmConnect& form) {
+    application->WhileRunning = [&] {
+      EXPECT_EQ(++depth, 1);
+      desktop.Tick();
+      desktop.PumpMessages();
+      --depth;
+    };
+    desktop.Tick();
+    desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 2u);
+    EXPECT_EQ(form.lstModules.Items().size(), 2u);
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
+  application->Answer = u"/P/A\n";
+  const Text chosen = Connect([&](frmConnect& form) {
+    application->WhileRunning = [&] { form.cmdCancel.Press(); };
+    desktop.Tick();
+    EXPECT_FALSE(form.IsOpen());
+    desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 1u);
+  });
+  EXPECT_EQ(chosen, u"");
+}
+
+struct LostConnectionTest : ConnectTest {
+  LostConnectionTest() { application->Answer = u"/P/A\n/P/B\n"; }
+  /// DOORS dies: what is asked of it fails, and its window is gone.
+  void Die() {
+    application->Failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
+    desktop.WindowAt(1).ClassName = u"";
+  }
+  /// Another DOORS comes up.
+  void Restart() {
+    application = std::make_shared<testing::FakeDoors>();
+    application->Answer = u"/P/B\n/P/C\n";
+    objects.objects[u"Doors.Application"] = application->AsObject();
+    desktop.WindowAt(1) = {u"DOORSWindow", kMainWindow};
+  }
+  void ExpectToldOnce() { desktop.OnMessage(FormatResText(text::kDoorsFailure)); }
+};
+
+TEST_F(LostConnectionTest, IsToldOnceAndTheListCanStillBeUsed) {
+  const Text chosen = Connect([&](frmConnect& form) {
+    desktop.Tick();
+    form.lstModules.ClickItem(1);
+    Die();
+    ExpectToldOnce();
+    for (int tick = 0; tick < 5; ++tick) desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 2u) << "what is dead is not asked again";
+    EXPECT_EQ(form.lstModules.Items().size(), 2u);
+    form.cmdOK.Press();
+  });
+  EXPECT_EQ(chosen, u"/P/B");
+}
+
+TEST_F(LostConnectionTest, TheRefreshGoesOnWhenDoorsIsBack) {
+  Connect([&](frmConnect& form) {
+    desktop.Tick();
+    form.lstModules.ClickItem(1);
+    for (int death = 0; death < 2; ++death) {
+      Die();
+      ExpectToldOnce();
+      desktop.Tick();
+      Restart();
+      desktop.Tick();
+      EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/B", u"/P/C"}));
+    }
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(LostConnectionTest, ADoorsThatStaysReadyAndFailsEachTimeIsToldOnce) {
+  Connect([&](frmConnect& form) {
+    application->Failure = AutomationError(0x80010001, u"DOORS", u"Call was rejected by callee.");
+    desktop.OnMessage(u"Call was rejected by callee.");
+    for (int tick = 0; tick < 5; ++tick) desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 5u) << "it may be free again at any time";
+    objects.objects.clear();
+    desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 5u) << "and it may be impossible to get hold of it";
+    objects.objects[u"Doors.Application"] = application->AsObject();
+    application->Failure.reset();
+    desktop.Tick();
+    EXPECT_EQ(form.lstModules.SelectedText(), u"/P/A");
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(LostConnectionTest, TheMessageBoxItselfBringsNoMore) {
+  Connect([&](frmConnect& form) {
+    desktop.Tick();
+    Die();
+    desktop.OnMessage([&](const Message&) {
+      desktop.Tick();
+      desktop.Tick();
+      return Answer::kOk;
+    });
+    desktop.Tick();
+    desktop.OnInput(u"/P/Typed");
+    form.cmdManual.Press();
+  });
+}
+
+}  // namespace
+}  // namespace kestrune
