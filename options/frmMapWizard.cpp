@@ -45,6 +45,7 @@ void frmMapWizard::ShowPage(int page) {
       break;
     case kSeparator:
       lblPrompt.SetCaption(LoadResText(text::kWizardSeparatorPrompt));
+      txtSep.SetFocus();
       break;
     case kTarget:
       ShowTargets();

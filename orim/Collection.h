@@ -15,14 +15,16 @@ class Collection : public Handle {
   std::int32_t Count() const { return GetInt(member::kCount); }
   Item GetAt(std::int32_t index) const { return Item(object().Call(member::kGetAt, {index}).ToObject()); }
 
-  /// The item of that name, or nothing: the host answers a name that it does not know with an error.
+  /// The item of that name. Throws for a name that the host does not know, with an error like any other.
+  Item GetByName(const Text& name) const {
+    return Item(object().Call(member::kGetByName, {name}).ToObject());
+  }
+  /// The item of that name, or nothing. Every item is looked at: taking whatever GetByName throws for "no
+  /// such item" would have a second one made where the host has only failed to answer.
   Item Find(const Text& name) const {
-    try {
-      return Item(object().Call(member::kGetByName, {name}).ToObject());
-    } catch (const AutomationError& failure) {
-      if (error::IsConnectionLost(failure.Number)) throw;
-      return Item();
-    }
+    for (std::int32_t index = 0, count = Count(); index < count; ++index)
+      if (Item item = GetAt(index); item.Name() == name) return item;
+    return Item();
   }
 
   /// A new item, in the model only after its Save. `second` is the type, of a tagged value its value.

@@ -20,6 +20,7 @@ void HeadlessDesktop::ShowModal(Form& form) {
 
 Answer HeadlessDesktop::Show(const Message& message) {
   Tick();
+  ++messages_shown_;
   return AnswerTo(message);
 }
 

@@ -50,6 +50,7 @@ class HeadlessDesktop : public Desktop {
 
   bool WaitCursor() const { return wait_cursor_; }
   const Text& HelpFile() const { return help_file_; }
+  int MessagesShown() const { return messages_shown_; }
   const std::vector<int>& HelpShown() const { return help_shown_; }
   const std::vector<Text>& Commands() const { return commands_; }
 
@@ -66,6 +67,7 @@ class HeadlessDesktop : public Desktop {
   std::vector<Form*> open_forms_;
   std::vector<SimulatedWindow> windows_;
   WindowHandle foreground_ = 0;
+  int messages_shown_ = 0;
   bool wait_cursor_ = false;
   Text clipboard_;
   Text help_file_;

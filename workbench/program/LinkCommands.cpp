@@ -30,10 +30,15 @@ void ChooseView(frmOptions& form, const Text& view) {
   form.cmbViews.Choose(*at);
 }
 
+/// A template that the dialog does not take is answered with a message; nothing is changed then.
 void PasteTemplate(frmOptions& form, ConsoleDesktop& desktop, const Text& mapping_template) {
   desktop.SetClipboardText(mapping_template);
   form.cmdMappings.Press();
+  const int messages_before = desktop.MessagesShown();
   form.mnuMappings.Choose(form.mnuMappingsPaste);
+  if (desktop.MessagesShown() == messages_before) return;
+  form.cmdCancel.Press();
+  throw CommandError(u"The template was not applied.");
 }
 
 void PrintOptions(const frmOptions& form, std::ostream& out) {
@@ -47,8 +52,7 @@ void PrintOptions(const frmOptions& form, std::ostream& out) {
 }
 
 Text TextFile(const std::string& path) {
-  Text text = WidenLineFeeds(FromUtf8(ReadFile(FromUtf8(path))));
-  return text;
+  return WidenLineFeeds(FromUtf8(ReadFile(FromUtf8(path))));
 }
 
 /// Runs the transfer to its end and closes the window; true when it completed.

@@ -1,0 +1,144 @@
+// The add-in's menu: what it offers and what its items do.
+#include "addin/frmAbout.h"
+#include "tests/addin/LinkedPackage.h"
+
+namespace kestrune {
+namespace {
+
+using testing::ImportRun;
+using testing::LinkedPackage;
+
+struct MenuTest : LinkedPackage {
+  Variant Items(const Text& menu) { return add_in.Orim_GetMenuItems(repository, u"TreeView", menu); }
+};
+
+TEST_F(MenuTest, OffersWhatTheSelectedPackageAllows) {
+  const std::vector<Text> linked = {u"&Import", u"&Options", u"&Locate in DOORS", u"-", u"&Help", u"&About"};
+  const std::vector<Text> unlinked = {u"&Help", u"&About"};
+  const std::int32_t other = model.AddPackage(0, u"Other");
+  const struct {
+    const char* name;
+    std::int32_t selected;
+    std::vector<Text> items;
+  } cases[] = {{"linked", package_id, linked}, {"not linked", other, unlinked}, {"nothing", 0, unlinked}};
+  for (const auto& c : cases) {
+    model.SelectPackage(c.selected);
+    EXPECT_EQ(Items(u"-DOORS").ToTextArray(), c.items) << c.name;
+    EXPECT_EQ(Items(u"").ToText(), u"-DOORS") << c.name;
+  }
+  model.SelectPackage(package_id);
+  RemoveFile(GetLinkFilePath(platform, Guid()));
+  EXPECT_EQ(Items(u"-DOORS").ToTextArray(), unlinked) << "its link file is gone";
+  EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MenuTest, AnotherMenuIsNoneOfItsOwn) {
+  for (const auto* menu : {u"DOORS", u"-doors", u"-DOORS ", u"-Other"}) {
+    const Variant items = Items(menu);
+    EXPECT_TRUE(items.IsText());
+    EXPECT_EQ(items.ToText(), u"");
+    const auto messages = desktop.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].Body, u"Invalid Menu");
+    EXPECT_EQ(messages[0].Title, u"Kestrune Link");
+    EXPECT_EQ(messages[0].Icon, Icon::kStop);
+  }
+}
+
+TEST_F(MenuTest, HelpAndAboutNeedNoPackage) {
+  model.SelectPackage(0);
+  Click(text::kMenuHelp);
+  EXPECT_EQ(desktop.HelpShown(), std::vector<int>{1000});
+  int shown = 0;
+  desktop.UseForm<frmAbout>([&](frmAbout& form) {
+    ++shown;
+    EXPECT_EQ(form.lblProduct.Caption(), u"Kestrune Link");
+    EXPECT_FALSE(form.lblVersion.Caption().empty());
+    form.cmdOK.Press();
+  });
+  Click(text::kMenuAbout);
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(MenuTest, AnItemThatItDoesNotKnowDoesNothing) {
+  model.Counters().Reset();
+  for (const auto* item : {u"", u"-", u"Import", u"&import", u"&Import "})
+    add_in.Orim_MenuClick(repository, u"-DOORS", item);
+  EXPECT_EQ(model.Counters().Calls(), 0);
+  EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MenuTest, ImportOfALockedPackageDoesNotBegin) {
+  SetLocked(true);
+  const ImportRun run = Import();
+  EXPECT_TRUE(run.lines.empty());
+  EXPECT_EQ(run.messages, std::vector<Text>{testing::kLockedMessage});
+  EXPECT_EQ(run.writes, 0);
+}
+
+TEST_F(MenuTest, ExportComparesWithoutALookAtTheLock) {
+  module.SetDeleted(2, true);
+  for (const bool locked : {false, true}) {
+    SetLocked(locked);
+    const ImportRun run = Import(text::kMenuExport);
+    EXPECT_TRUE(run.completed);
+    EXPECT_TRUE(run.messages.empty());
+    EXPECT_EQ(run.writes, 0);
+    EXPECT_TRUE(run.HasLine(u"R2: New")) << "the element has no object";
+    EXPECT_FALSE(run.HasLine(u"R1: New"));
+  }
+}
+
+TEST_F(MenuTest, WithoutASelectionThereIsNothingToTransfer) {
+  model.SelectPackage(0);
+  for (const int item : {text::kMenuImport, text::kMenuExport}) {
+    const ImportRun run = Import(item);
+    EXPECT_FALSE(run.completed);
+    EXPECT_EQ(run.messages, std::vector<Text>{u"Module Path not set"});
+  }
+  Click(text::kMenuOptions);
+  Click(text::kMenuLocate);
+  EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MenuTest, OptionsImportOnlyWhenToldSo) {
+  const struct {
+    const char* name;
+    Button frmOptions::*button;
+    bool imports;
+  } cases[] = {{"OK", &frmOptions::cmdOK, false},
+               {"Cancel", &frmOptions::cmdCancel, false},
+               {"Save and Import", &frmOptions::cmdSaveAndImport, true}};
+  for (const auto& c : cases) {
+    desktop.UseForm<frmOptions>([&](frmOptions& form) { (form.*c.button).Press(); });
+    EXPECT_EQ(Import(text::kMenuOptions).completed, c.imports) << c.name;
+  }
+}
+
+// The dialog has asked for the lock already; one that came meanwhile is the host's to refuse.
+TEST_F(MenuTest, SaveAndImportBeginsWithoutALookAtTheLock) {
+  module.SetDeleted(2, true);
+  desktop.UseForm<frmOptions>([&](frmOptions& form) {
+    SetLocked(true);
+    form.cmdSaveAndImport.Press();
+  });
+  const ImportRun run = Import(text::kMenuOptions);
+  EXPECT_TRUE(run.HasLine(u"Comparing..."));
+  EXPECT_FALSE(run.completed);
+  ASSERT_EQ(run.messages.size(), 1u);
+  EXPECT_NE(run.messages[0].find(u"is locked\r\n(Error Code: "), Text::npos) << ToUtf8(run.messages[0]);
+  EXPECT_EQ(run.writes, 0);
+}
+
+TEST_F(MenuTest, OptionsOfALockedPackageCanOnlyBeLookedAt) {
+  SetLocked(true);
+  desktop.UseForm<frmOptions>([](frmOptions& form) {
+    EXPECT_FALSE(form.cmdSaveAndImport.Enabled());
+    EXPECT_FALSE(form.cmdOK.Enabled());
+    form.cmdCancel.Press();
+  });
+  Click(text::kMenuOptions);
+}
+
+}  // namespace
+}  // namespace kestrune

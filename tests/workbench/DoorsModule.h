@@ -1,0 +1,99 @@
+// A formal module in a simulated DOORS database, made and edited by a test as a user of DOORS would.
+#pragma once
+
+#include "workbench/doors/DoorsDatabase.h"
+
+namespace kestrune::testing {
+
+/// Objects are named by their absolute number, 0 stands for the top level. Whoever has the module open goes
+/// on seeing what it was.
+class DoorsModule {
+ public:
+  struct Condition {
+    Text attribute;
+    Text op;  // "equals", "not equals", "contains"
+    Text value;
+  };
+
+  /// Makes the module in the project "P", and the project where it is missing.
+  DoorsModule(workbench::DoorsDatabase& database, const Text& name, const Text& prefix = u"R")
+      : sql_(database.Sql()), path_(u"/P/" + name) {
+    if (!database.FindPath(u"/P"))
+      sql_.Prepare("INSERT INTO item (parent, type, name) VALUES (1, 'Project', 'P')").Run();
+    const workbench::ItemId project = database.FindPath(u"/P")->id;
+    sql_.Prepare("INSERT INTO item (parent, type, name, prefix) VALUES (?, 'Formal', ?, ?)", project, name,
+                 prefix)
+        .Run();
+    id_ = sql_.LastInsertId();
+  }
+
+  const Text& Path() const { return path_; }
+
+  void AddAttribute(const Text& name, const Text& type = u"String") {
+    sql_.Prepare(
+            "INSERT INTO attribute (module, position, name, type) SELECT ?1, max(position) + 1, ?2, ?3"
+            " FROM attribute WHERE module = ?1",
+            id_, name, type)
+        .Run();
+  }
+
+  /// `part` is "none", "table", "row" or "cell".
+  void AddObject(int number, int parent, int position, const Text& part = u"none") {
+    sql_.Prepare(
+            "INSERT INTO object (module, absolute_number, parent, position, table_part) VALUES (?1, ?2,"
+            " (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?3), ?4, ?5)",
+            id_, number, parent, position, part)
+        .Run();
+  }
+  void Place(int number, int parent, int position) {
+    sql_.Prepare(
+            "UPDATE object SET position = ?4, parent ="
+            " (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?3)"
+            " WHERE module = ?1 AND absolute_number = ?2",
+            id_, number, parent, position)
+        .Run();
+  }
+  void SetDeleted(int number, bool deleted) {
+    sql_.Prepare("UPDATE object SET deleted = ? WHERE module = ? AND absolute_number = ?", deleted, id_,
+                 number)
+        .Run();
+  }
+  void SetReadable(int number, bool readable) {
+    sql_.Prepare("UPDATE object SET readable = ? WHERE module = ? AND absolute_number = ?", readable, id_,
+                 number)
+        .Run();
+  }
+
+  /// "" takes the value away.
+  void Set(int number, const Text& attribute, const Text& value) {
+    sql_.Prepare(
+            "DELETE FROM value WHERE object = (SELECT id FROM object WHERE module = ?1 AND absolute_number = "
+            "?2) AND attribute = (SELECT id FROM attribute WHERE module = ?1 AND name = ?3)",
+            id_, number, attribute)
+        .Run();
+    if (value.empty()) return;
+    sql_.Prepare(
+            "INSERT INTO value (object, attribute, text)"
+            " SELECT o.id, a.id, ?4 FROM object o, attribute a WHERE o.module = ?1 AND o.absolute_number = ?2"
+            " AND a.module = ?1 AND a.name = ?3",
+            id_, number, attribute, value)
+        .Run();
+    if (sql_.Changes() != 1) throw std::logic_error("no such object or attribute: " + ToUtf8(attribute));
+  }
+
+  void AddView(const Text& name, const std::vector<Condition>& conditions, bool loadable = true) {
+    sql_.Prepare("INSERT INTO view (module, name, loadable) VALUES (?, ?, ?)", id_, name, loadable).Run();
+    const std::int64_t view = sql_.LastInsertId();
+    for (const Condition& condition : conditions)
+      sql_.Prepare("INSERT INTO view_filter VALUES (?, ?, ?, ?)", view, condition.attribute, condition.op,
+                   condition.value)
+          .Run();
+  }
+
+ private:
+  workbench::Database& sql_;
+  workbench::ItemId id_ = 0;
+  Text path_;
+};
+
+}  // namespace kestrune::testing

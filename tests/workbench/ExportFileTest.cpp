@@ -1,0 +1,115 @@
+// The file that the export script writes.
+#include "tests/workbench/ScriptBench.h"
+
+namespace kestrune {
+namespace {
+
+using testing::DoorsModule;
+using testing::ScriptBench;
+
+const std::vector<Text> kFixedAttributes = {
+    u"Absolute Number",  u"Object Identifier", u"Object Number", u"Object Level",
+    u"Object Text",      u"Object Short Text", u"Created By",    u"Created On",
+    u"Last Modified On", u"Object Heading",    u"Object Parent", u"Object Text (Formatted)"};
+
+class ExportFile : public ScriptBench {
+ protected:
+  XmlDocument Export(const Text& parameter) {
+    const Text path = Answer(dxl_script::kExportModule, parameter);
+    XmlDocument document;
+    EXPECT_TRUE(document.LoadFile(path)) << ToUtf8(path);
+    return document;
+  }
+
+  static std::vector<Text> AttributeNames(const XmlDocument& document) {
+    std::vector<Text> names;
+    for (const XmlNode& node : document.SelectNodes(u"/DoorsModule/Attributes/Attribute")) {
+      EXPECT_EQ(node.Attribute(u"ID"), ToText(static_cast<long long>(names.size())));
+      names.push_back(node.Attribute(u"Name").value_or(u"(none)"));
+    }
+    return names;
+  }
+
+  /// The objects of the file: number, "<" and the parent where there is one.
+  static std::string Objects(const XmlDocument& document) {
+    std::string text;
+    for (const XmlNode& object : document.SelectNodes(u"/DoorsModule/Objects/Object")) {
+      if (!text.empty()) text += ' ';
+      text += ToUtf8(ValueOf(object, u"a0"));
+      if (const Text parent = ValueOf(object, u"a10"); !parent.empty()) text += "<" + ToUtf8(parent);
+    }
+    return text;
+  }
+
+  static Text ValueOf(const XmlNode& object, TextView name) {
+    for (XmlNode value = object.FirstChild(); value; value = value.NextSibling())
+      if (value.Name() == name) return value.Content();
+    return {};
+  }
+};
+
+TEST_F(ExportFile, ListsTheFixedAttributesAndThenTheModulesOwn) {
+  auto names = kFixedAttributes;
+  names.insert(names.end(), {u"Status", u"Text with \"quotes\" & <signs>"});
+  EXPECT_EQ(AttributeNames(Export(u"/P/M~0~~")), names);
+}
+
+TEST_F(ExportFile, OfAModuleWithoutAttributesOfItsOwnListsTwelve) {
+  const DoorsModule bare(database, u"Bare");
+  const XmlDocument document = Export(bare.Path() + u"~0~~");
+  EXPECT_EQ(AttributeNames(document), kFixedAttributes);
+  EXPECT_TRUE(document.SelectSingleNode(u"/DoorsModule/Objects"));
+  EXPECT_EQ(Objects(document), "");
+}
+
+TEST_F(ExportFile, OfTheAttributesAloneHasNoObjects) {
+  const XmlDocument document = Export(u"/P/M~1~~");
+  EXPECT_EQ(AttributeNames(document).size(), 14u);
+  EXPECT_FALSE(document.SelectSingleNode(u"/DoorsModule/Objects"));
+}
+
+TEST_F(ExportFile, LeavesOutWhatIsDeletedOrUnreadableWhateverTheWindowShows) {
+  const char* whole = "1 2<R1 5 6 7<R6 8<R7 9<R8";
+  EXPECT_EQ(Objects(Export(u"/P/M~0~~")), whole);
+  doors.UserOpens(u"/P/M", true, u"Open");
+  EXPECT_EQ(Objects(Export(u"/P/M~0~~")), whole);
+}
+
+TEST_F(ExportFile, OfAViewHasItsObjectsAndWholeTables) {
+  EXPECT_EQ(Objects(Export(u"/P/M~0~Open")), "1 5 7<R6 8<R7 9<R8");
+  EXPECT_EQ(Objects(Export(u"/P/M~0~All")), "1 2<R1 5 6 7<R6 8<R7 9<R8");
+  module.Set(1, u"Status", u"Closed");
+  module.Set(2, u"Status", u"Open");
+  doors.UserClosesAll();
+  EXPECT_EQ(Objects(Export(u"/P/M~0~Open")), "2 5 7<R6 8<R7 9<R8") << "object 2 has lost its parent";
+}
+
+TEST_F(ExportFile, WritesTheValuesThatAnObjectHasAndNoOthers) {
+  const std::string expected[] = {
+      "a0=1 a1=R1 a2=1 a3=1 a9=Scope a12=Open",
+      "a0=2 a1=R2 a2=1-0.1 a3=2 a10=R1 a12=Closed",
+      "a0=5 a1=R5 a2=1-0.2.1 a3=3 a4=brace { and \\ a11=brace \\{ and \\\\ a12=Open",
+      "a0=6 a1=R6 a2=0.1 a3=1",
+  };
+  const XmlDocument document = Export(u"/P/M~0~~");
+  XmlNode object = document.SelectSingleNode(u"/DoorsModule/Objects").FirstChild();
+  for (const std::string& line : expected) {
+    std::string values;
+    for (XmlNode value = object.FirstChild(); value; value = value.NextSibling())
+      values += (values.empty() ? "" : " ") + ToUtf8(value.Name()) + "=" + ToUtf8(value.Content());
+    EXPECT_EQ(values, line);
+    object = object.NextSibling();
+  }
+}
+
+TEST_F(ExportFile, IsUtf8WithItsDeclarationInFront) {
+  module.Set(6, u"Status", u"\u00E4 \U0001F600");
+  const std::string bytes = ReadFile(Answer(dxl_script::kExportModule, u"/P/M~0~~"));
+  EXPECT_TRUE(bytes.starts_with("<?xml version='1.0' encoding='UTF-8'?>") ||
+              bytes.starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"))
+      << bytes.substr(0, 60);
+  EXPECT_NE(bytes.find("<a12>\xC3\xA4 \xF0\x9F\x98\x80</a12>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrune

@@ -1,0 +1,133 @@
+// An import whose neighbours fail somewhere on the way ends with a word to the user, and the next one that is
+// let be brings the package to exactly where it should be.
+#include "tests/workbench/FaultScene.h"
+
+namespace kestrune {
+namespace {
+
+using testing::FaultScene;
+using testing::ImportRun;
+using testing::Stage;
+
+const Text kDoorsFailure =
+    u"Unexpected error communicating with DOORS.\r\n\r\nPlease ensure that DOORS is running with the "
+    u"relevant "
+    u"database open then try again.\r\n";
+
+struct FaultCase {
+  const char* name;
+  Stage stage;
+  std::uint32_t number;
+};
+
+std::string CaseName(const ::testing::TestParamInfo<FaultCase>& info) {
+  return info.param.name;
+}
+
+class OneCallOfTheHostFails : public ::testing::TestWithParam<FaultCase> {
+ protected:
+  /// False when the import has not come to its n-th call.
+  bool FailAt(int n) {
+    FaultScene scene(GetParam().stage);
+    scene.setup.model.Faults().FailCall(n, {GetParam().number, u"Orim", u"out of order"});
+    ImportRun run;
+    try {
+      run = scene.setup.Import();
+      if (run.calls < n) return false;
+      ExpectToldOrHarmless(scene, run);
+    } catch (const AutomationError& failure) {
+      // Before the window opens, the host's failures go back to the host.
+      EXPECT_EQ(failure.Number, GetParam().number);
+      EXPECT_EQ(scene.setup.model.Counters().Writes(), 0);
+    }
+    scene.ExpectHealed();
+    return true;
+  }
+
+  static void ExpectToldOrHarmless(const FaultScene& scene, const ImportRun& run) {
+    if (!run.messages.empty() || run.HasLine(u"ERROR: out of order")) return;
+    EXPECT_TRUE(run.completed) << "not a word of the failure";
+    int strays = 0;
+    ExpectPackage(scene.Read(&strays), scene.state);
+    EXPECT_EQ(strays, 0);
+  }
+};
+
+TEST_P(OneCallOfTheHostFails, AndTheNextImportHeals) {
+  int n = 1;
+  for (bool has_failed = true; has_failed; ++n) {
+    SCOPED_TRACE("call " + std::to_string(n));
+    has_failed = FailAt(n);
+  }
+  EXPECT_GT(n, 30) << "hardly an import";
+}
+
+INSTANTIATE_TEST_SUITE_P(Imports, OneCallOfTheHostFails,
+                         ::testing::Values(FaultCase{"FromEmpty", Stage::kFromEmpty, 0x80040300},
+                                           FaultCase{"OfChanges", Stage::kOfChanges, 0x80040300},
+                                           FaultCase{"OfAReturn", Stage::kOfAReturn, 0x80040300},
+                                           FaultCase{"OfChangesLost", Stage::kOfChanges, error::kCallFailed}),
+                         CaseName);
+
+// A new element that got no identifier is nobody's element for the next import; least of all may it be in the
+// way of those that lie below it.
+TEST(IdentifierFails, AndWhatMovedBelowTheNewElementIsStillImported) {
+  FaultScene scene(Stage::kOfChanges);
+  scene.module.Place(3, 5, 1);
+  scene.state[u"R3"].parent = u"R5";
+  scene.state[u"R3"].position = 10;
+  scene.setup.model.Faults().FailTaggedValue(u"Object Identifier", workbench::HostFaults::Moment::kSave,
+                                             {0x80040300, u"Orim", u"out of order"});
+  EXPECT_TRUE(scene.setup.Import().HasLine(u"ERROR: out of order"));
+  scene.ExpectHealed();
+}
+
+class DoorsDies : public ::testing::TestWithParam<FaultCase> {};
+
+TEST_P(DoorsDies, WhileItExportsAndNothingIsWritten) {
+  FaultScene scene(GetParam().stage);
+  const AutomationError died{GetParam().number, u"DOORS", u"died"};
+  const bool is_lost = error::IsConnectionLost(died.Number);
+  ImportRun run;
+  int n = 0;
+  do {
+    SCOPED_TRACE("perm " + std::to_string(++n));
+    scene.setup.doors.FailNextRunAt(n, died);
+    run = scene.setup.Import();
+    if (run.completed) break;
+    ASSERT_EQ(run.messages.size(), 1u);
+    EXPECT_TRUE(is_lost ? run.messages[0] == kDoorsFailure : run.messages[0].starts_with(u"died\r\n"))
+        << ToUtf8(run.messages[0]);
+    EXPECT_EQ(run.writes, 0);
+    // A DOORS that is started anew has nothing open.
+    scene.setup.doors.UserClosesAll();
+  } while (!HasFailure());
+  EXPECT_GT(n, 100) << "hardly an export";
+  int strays = 0;
+  ExpectPackage(scene.Read(&strays), scene.state);
+}
+
+INSTANTIATE_TEST_SUITE_P(Imports, DoorsDies,
+                         ::testing::Values(FaultCase{"FromEmpty", Stage::kFromEmpty, error::kCallFailed},
+                                           FaultCase{"OfChanges", Stage::kOfChanges, 0x80004005}),
+                         CaseName);
+
+TEST(DoorsIsNotThere, AndTheImportEndsBeforeItsBegin) {
+  FaultScene scene(Stage::kOfChanges);
+  for (const std::uint32_t number : {error::kNotConnected, error::kCallFailed}) {
+    scene.setup.doors.FailNextRun({number, u"DOORS", u"gone"});
+    const ImportRun run = scene.setup.Import();
+    EXPECT_EQ(run.messages, std::vector<Text>{kDoorsFailure}) << std::hex << number;
+    EXPECT_EQ(run.writes, 0);
+  }
+  scene.setup.doors.SetState(workbench::DoorsState::kNotRunning);
+  const ImportRun cancelled = scene.setup.Import();
+  EXPECT_FALSE(cancelled.completed);
+  EXPECT_TRUE(cancelled.messages.empty()) << "the user has cancelled the wait";
+  EXPECT_EQ(cancelled.writes, 0);
+  scene.setup.doors.SetState(workbench::DoorsState::kReady);
+  scene.ExpectHealed();
+}
+
+}  // namespace
+}  // namespace kestrune

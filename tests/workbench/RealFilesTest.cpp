@@ -1,0 +1,158 @@
+// Real requirement documents on their way into a model.
+#include "tests/workbench/PackageState.h"
+#include "workbench/doors/LoadReqif.h"
+
+namespace kestrune {
+namespace {
+
+using testing::EndToEnd;
+using testing::ImportRun;
+using testing::PackageState;
+
+const std::vector<Text> kFields = {u"Name", u"Notes", u"Alias"};
+
+class RealFile : public ::testing::Test {
+ protected:
+  RealFile() {
+    setup_.mapping = {u"Absolute Number --> Name", u"Object Text --> Notes", u"Object Heading --> Alias"};
+  }
+
+  std::vector<workbench::LoadedModule> Load(TextView file) {
+    setup_.doors.UserClosesAll();
+    const auto path = std::filesystem::path(KESTRUNE_SOURCE_DIR) / "tests/data/reqif" / ToPath(file);
+    return workbench::LoadReqif(setup_.database, FromPath(path), u"/Demo");
+  }
+
+  /// Links a new package of its own to the module.
+  void Link(const Text& module_path) {
+    setup_.package_id = setup_.model.AddPackage(0, module_path);
+    setup_.model.SelectPackage(setup_.package_id);
+    setup_.Link(module_path);
+  }
+
+  Text ValueOf(std::int64_t object, TextView attribute) {
+    workbench::Statement value = setup_.database.Sql().Prepare(
+        "SELECT v.text FROM value v JOIN attribute a ON a.id = v.attribute WHERE v.object = ? AND a.name = ?",
+        object, attribute);
+    return value.Step() ? WidenLineFeeds(value.GetText(0)) : Text();
+  }
+
+  /// What the rows of the database say, an element for each object that is not deleted; without positions.
+  PackageState InDatabase(const Text& module_path) {
+    const auto module = *setup_.database.FindPath(module_path);
+    PackageState package;
+    workbench::Statement row = setup_.database.Sql().Prepare(
+        "SELECT o.id, o.absolute_number, p.absolute_number FROM object o"
+        " LEFT JOIN object p ON p.id = o.parent AND NOT p.deleted WHERE o.module = ? AND NOT o.deleted",
+        module.id);
+    while (row.Step()) {
+      auto& element = package[module.prefix + row.GetText(1)];
+      if (!row.IsNull(2)) element.parent = module.prefix + row.GetText(2);
+      element.values = {{u"Name", row.GetText(1)},
+                        {u"Notes", ValueOf(row.Int64(0), u"Object Text")},
+                        {u"Alias", ValueOf(row.Int64(0), u"Object Heading")}};
+      std::erase_if(element.values, [](const auto& value) { return value.second.empty(); });
+    }
+    return package;
+  }
+
+  PackageState InModel(bool with_trash = false) {
+    PackageState package = ReadPackage(setup_, kFields);
+    if (!with_trash) std::erase_if(package, [](const auto& element) { return element.second.in_trash; });
+    for (auto& [identifier, element] : package) element.position = 0;
+    return package;
+  }
+
+  void ImportTwice() {
+    const ImportRun run = setup_.Import();
+    EXPECT_TRUE(run.completed);
+    EXPECT_FALSE(run.HasLine(u"ERROR"));
+    EXPECT_FALSE(run.HasLine(u"Warning"));
+    EXPECT_EQ(setup_.Import().writes, 0);
+  }
+
+  EndToEnd setup_;
+};
+
+TEST_F(RealFile, EveryObjectThatIsThereBecomesAnElementInItsPlace) {
+  const struct {
+    TextView file;
+    std::vector<std::size_t> elements;  // by module
+  } cases[] = {{u"doors-ch2-native.reqif", {286}},
+               {u"doors-two-modules-77.reqif", {55, 22}},
+               {u"doors-35attrs-anon.reqif", {28}},
+               {u"resync-a.reqif", {42, 8}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.file));
+    const auto modules = Load(c.file);
+    ASSERT_EQ(modules.size(), c.elements.size());
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+      Link(modules[i].path);
+      ImportTwice();
+      EXPECT_EQ(InModel().size(), c.elements[i]);
+      ExpectPackage(InModel(), InDatabase(modules[i].path));
+    }
+  }
+}
+
+TEST_F(RealFile, CellsLieBelowTheRowsOfTheirTable) {
+  const Text path = Load(u"doors-ch2-native.reqif")[0].path;
+  Link(path);
+  ImportTwice();
+  const PackageState package = InModel();
+  workbench::Statement cell = setup_.database.Sql().Prepare(
+      "SELECT c.absolute_number, r.absolute_number, t.absolute_number FROM object c JOIN object r ON r.id = "
+      "c.parent JOIN object t ON t.id = r.parent WHERE c.table_part = 'cell' AND t.table_part = 'table'");
+  int cells = 0;
+  for (; cell.Step(); ++cells) {
+    EXPECT_EQ(package.at(u"KIG_" + cell.GetText(0)).parent, u"KIG_" + cell.GetText(1));
+    EXPECT_EQ(package.at(u"KIG_" + cell.GetText(1)).parent, u"KIG_" + cell.GetText(2));
+  }
+  EXPECT_EQ(cells, 36);
+}
+
+TEST_F(RealFile, TheNextStateOfADocumentIsFollowedThereAndBack) {
+  const Text path = Load(u"resync-a.reqif")[0].path;
+  Link(path);
+  ImportTwice();
+  const struct {
+    TextView file;
+    std::size_t in_trash;
+  } states[] = {{u"resync-b.reqif", 1}, {u"resync-a.reqif", 23}, {u"resync-b.reqif", 1}};
+  for (const auto& state : states) {
+    SCOPED_TRACE(ToUtf8(state.file));
+    Load(state.file);
+    ImportTwice();
+    ExpectPackage(InModel(), InDatabase(path));
+    EXPECT_EQ(InModel(true).size() - InModel().size(), state.in_trash);
+  }
+}
+
+TEST_F(RealFile, AViewNarrowsTheImportUntilItIsLifted) {
+  const Text path = Load(u"doors-two-modules-77.reqif")[0].path;
+  setup_.database.Sql().Exec(
+      "INSERT INTO view (id, module, name) SELECT 1, min(module), 'Headings' FROM object;"
+      "INSERT INTO view_filter VALUES (1, 'Object Heading', 'not equals', '')");
+  Link(path);
+  ImportTwice();
+  const PackageState whole = InModel();
+
+  setup_.view = u"Headings";
+  setup_.EditOptions();
+  ImportTwice();
+  PackageState headings = whole;
+  std::erase_if(headings, [](const auto& element) { return !element.second.values.count(u"Alias"); });
+  for (auto& [identifier, element] : headings)
+    if (!headings.count(element.parent)) element.parent.clear();
+  EXPECT_LT(headings.size(), whole.size());
+  ExpectPackage(InModel(), headings);
+  EXPECT_EQ(InModel(true).size(), whole.size());
+
+  setup_.view = u"Standard view";
+  setup_.EditOptions();
+  ImportTwice();
+  ExpectPackage(InModel(true), whole);
+}
+
+}  // namespace
+}  // namespace kestrune
