@@ -44,7 +44,7 @@ function(kestrune_tests dir)
   else()
     target_precompile_headers(${name}-tests REUSE_FROM house-tests)
   endif()
-  gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 600)
 endfunction()
 
 # The add-in's rooms, from the ground to the top floor; each may use those above it in this list. ARGN: what the platform

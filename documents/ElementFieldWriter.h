@@ -20,6 +20,8 @@ class ElementFieldWriter {
   /// package before, the change is shown.
   void Write(orim::Element& element, std::size_t row, std::size_t column, const Variant& value);
 
+  /// Whether the writing of field `column` has failed for any element.
+  bool HasFailed(std::size_t column) const { return HasFailed(package_.Fields()[column - 1].Name); }
   /// The names of the fields whose writing failed.
   const std::vector<Text>& FailedFields() const { return failed_; }
 

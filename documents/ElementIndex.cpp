@@ -9,8 +9,8 @@ std::optional<std::size_t> ElementIndex::Add(const Text& identifier, std::size_t
 }
 
 std::size_t ElementIndex::AddCreated(const Text& identifier, std::int32_t element_id) {
+  const std::size_t row = NextRow();
   created_.push_back(element_id);
-  const std::size_t row = package_.UpperRow() + created_.size();
   row_by_identifier_.emplace(identifier, row);
   return row;
 }

@@ -21,6 +21,9 @@ class ElementIndex {
   /// Enters an element that was just created; returns its row number.
   std::size_t AddCreated(const Text& identifier, std::int32_t element_id);
 
+  /// The row number that the next created element will have.
+  std::size_t NextRow() const { return package_.UpperRow() + created_.size() + 1; }
+
   std::optional<std::size_t> Find(const Text& identifier) const;
   bool IsCreated(std::size_t row) const { return row > package_.UpperRow(); }
   std::int32_t ElementIdOf(std::size_t row) const;

@@ -134,12 +134,16 @@ void Synchronisation::SynchronizeDocuments() {
   }
 }
 
+// An element that cannot be given its identifier would be nobody's at the next import, and in the way of
+// those below it: nothing may hang on it, and no more of its kind are made.
 void Synchronisation::CreateElement(const ModuleRow& object) {
+  if (writer_.HasFailed(column::kIdentifier)) return;
   orim::Element element = package_.Elements().AddNew(NewElementName(object), kElementType);
   element.Save();
   ShowItem(text::kItemNew, element.Name());
+  writer_.Write(element, index_.NextRow(), column::kIdentifier, object.Identifier);
+  if (writer_.HasFailed(column::kIdentifier)) return;
   const std::size_t row = index_.AddCreated(object.Identifier, element.ElementID());
-  writer_.Write(element, row, column::kIdentifier, object.Identifier);
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c)
     writer_.Write(element, row, c, ModuleValue(object, c));
 }

@@ -1,0 +1,83 @@
+#include "bench/Cost.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <malloc.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace kestrune::bench {
+
+namespace {
+
+/// A line of the kernel's account of this process, in megabytes.
+double StatusMb(const std::string& name) {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);)
+    if (line.starts_with(name + ":")) return std::stod(line.substr(name.size() + 1)) / 1024;  // it counts kB
+  throw std::runtime_error("the kernel does not tell " + name);
+}
+
+void ResetPeak() {
+  malloc_trim(0);  // or the work would begin with memory that its preparation has left
+  std::ofstream clear("/proc/self/clear_refs");
+  if (!(clear << "5" << std::flush)) throw std::runtime_error("the peak of memory cannot be reset");
+}
+
+[[noreturn]] void RunAndReport(const std::function<Cost()>& work, int pipe) {
+  try {
+    const Cost cost = work();
+    _exit(write(pipe, &cost, sizeof cost) == sizeof cost ? 0 : 1);
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << std::endl;
+    _exit(1);
+  }
+}
+
+}  // namespace
+
+double CpuSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+void Cost::KeepBest(const Cost& other) {
+  if (other.Seconds < Seconds) {
+    Seconds = other.Seconds;
+    HostSeconds = other.HostSeconds;
+  }
+  PeakMb = std::min(PeakMb, other.PeakMb);
+}
+
+Cost InChild(const std::function<Cost()>& work) {
+  int ends[2];
+  if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+  std::cout.flush();
+  const pid_t child = fork();
+  if (child < 0) throw std::runtime_error("no child process");
+  if (child == 0) RunAndReport(work, ends[1]);
+  close(ends[1]);
+  Cost cost;
+  const bool has_cost = read(ends[0], &cost, sizeof cost) == sizeof cost;
+  close(ends[0]);
+  int status = 0;
+  waitpid(child, &status, 0);
+  if (!has_cost || status != 0) throw std::runtime_error("the measured work failed");
+  return cost;
+}
+
+Cost Measure(const std::function<void()>& work) {
+  ResetPeak();
+  const double before = StatusMb("VmRSS");
+  const double start = CpuSeconds();
+  work();
+  const double end = CpuSeconds();
+  return {.Seconds = end - start, .PeakMb = StatusMb("VmHWM") - before};
+}
+
+}  // namespace kestrune::bench

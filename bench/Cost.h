@@ -1,0 +1,36 @@
+// What a piece of work costs: time, memory and use of the host, measured in a process of its own.
+#pragma once
+
+#include <functional>
+
+namespace kestrune::bench {
+
+struct Cost {
+  double Seconds = 0;
+  double HostSeconds = 0;  // of these, within the host
+  double PeakMb = 0;       // how far memory grew beyond what there was before
+  long long Calls = 0;     // of the host's automation
+  long long Writes = 0;    // to the host's model
+
+  /// What the same work costs when nothing disturbs it: the least of both.
+  void KeepBest(const Cost& other);
+};
+
+/// Runs `work` in a child of this process, so that each measurement starts with the same small heap and
+/// leaves nothing behind. Throws std::runtime_error when it fails there; what it said stands in standard
+/// error.
+Cost InChild(const std::function<Cost()>& work);
+
+/// The processor time that this thread has taken, by itself and in the kernel. Unlike the time on the wall it
+/// does not count what the rest of the machine does meanwhile; nothing that is measured here waits for
+/// anything.
+double CpuSeconds();
+
+/// Time and memory of `work`, in the process that calls this.
+///
+/// Memory is the highest resident set of the process during the work less the one at its start, as the kernel
+/// counts them: heap of whatever allocator, this code's and libxml2's alike, and file pages that were
+/// touched. Memory that was allocated and never touched is not in it.
+Cost Measure(const std::function<void()>& work);
+
+}  // namespace kestrune::bench

@@ -1,0 +1,36 @@
+#include "bench/ExportScript.h"
+
+#include "common/Resources.h"
+#include "platform/Files.h"
+#include "workbench/doors/DoorsStandIn.h"
+#include "workbench/doors/xml/DomDocument.h"
+
+namespace kestrune::bench {
+
+namespace {
+
+class DomFactory : public ObjectFactory {
+ public:
+  Object Create(TextView) override { return workbench::MakeDomDocument(); }
+};
+
+}  // namespace
+
+Cost RunExportScript(const Workspace& workspace, int objects) {
+  auto database = workbench::DoorsDatabase::Create(":memory:");
+  FillDatabase(database, objects);
+  DomFactory documents;
+  workbench::DoorsStandIn doors(database, workspace.Path(), documents);
+  workbench::ScriptOutcome outcome;
+  const Cost cost = Measure([&] {
+    outcome = doors.RunScript(LoadDxl(dxl_script::kExportModule), Text(kModulePath) + u"~0~~", u"export");
+  });
+  if (!outcome.errors.empty() || !IsFile(outcome.result))
+    throw std::runtime_error("the export script failed: " + ToUtf8(outcome.result));
+  if (ReadFile(outcome.result) != ReadFile(workspace.Export(objects, Edition::kFirst)))
+    throw std::runtime_error("the export script writes another file than the generator");
+  RemoveFile(outcome.result);
+  return cost;
+}
+
+}  // namespace kestrune::bench

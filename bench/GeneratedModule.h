@@ -1,0 +1,50 @@
+// A module of any size to measure with: always the same one for the same size, of the shape of real
+// requirements documents.
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "workbench/doors/DoorsDatabase.h"
+
+namespace kestrune::bench {
+
+inline constexpr std::size_t kFixedAttributes = 12;  // what every export has
+inline constexpr std::size_t kOwnAttributes = 16;    // what this module has besides
+
+struct GeneratedObject {
+  int Number = 0;  // from 1, in the order of the module
+  int Parent = 0;  // 0 at the top
+  int Level = 1;
+  std::array<std::string, kFixedAttributes + kOwnAttributes> Values;  // UTF-8; "" where the object has none
+};
+
+/// The module, and the same one after its users have gone on working: every hundredth object has another text
+/// and another status.
+enum class Edition { kFirst, kNext };
+
+/// Objects of chapters, sections and requirements with their details, five levels deep. Requirements have a
+/// text of some sentences, one in a hundred a comment of some thousand characters; one in twenty texts is not
+/// plain ASCII.
+void ForEachObject(int count, Edition edition, const std::function<void(const GeneratedObject&)>& visit);
+
+/// The export file of the module, as the export script has DOORS write it.
+void WriteExport(const Text& path, int count, Edition edition);
+
+inline constexpr TextView kModulePath = u"/Plant/Requirements";
+/// Makes the module in a database without it.
+void FillDatabase(workbench::DoorsDatabase& database, int count);
+
+/// What the user maps besides the default rules: four fields and four tagged values.
+inline constexpr std::array<TextView, 8> kOwnRules = {
+    u"Status --> Status",
+    u"Priority --> Priority",
+    u"Complexity --> Difficulty",
+    u"Owner --> Author",
+    u"Verification Method --> (Tagged Value)",
+    u"Rationale --> (Tagged Value)",
+    u"Safety Class --> (Tagged Value)",
+    u"Review Comment --> (Tagged Value)",
+};
+
+}  // namespace kestrune::bench

@@ -1,0 +1,47 @@
+// A package that is linked to the generated module, with the add-in around it as in the host.
+#pragma once
+
+#include "bench/Cost.h"
+#include "documents/OrimDoc.h"
+#include "doors/Doors.h"
+#include "platform/headless/FixedFolders.h"
+#include "platform/headless/ScriptedDesktop.h"
+#include "workbench/orim/OrimModel.h"
+
+namespace kestrune::bench {
+
+/// Makes a model with one linked package, its rules those of the generated module. `folder` keeps the link.
+void MakeLinkedPackage(const Text& folder, const Text& model_path);
+
+/// That package, with a DOORS that answers the export script with a file that is there already: the cost of
+/// the script is not in what is measured here. A message box that comes unexpected throws std::runtime_error.
+class LinkedPackage : private ObjectFactory {
+ public:
+  LinkedPackage(const Text& folder, const Text& model_path);
+
+  /// The whole import as the user starts it, from the open window to its end.
+  Cost Import(const Text& export_path);
+  /// The part of it that reads the export.
+  Cost LoadExport(const Text& export_path);
+  /// The part of it that reads the package.
+  Cost ReadPackage();
+  /// The host's answer to the one query that this needs, and bare parsing of it.
+  Cost QueryBare();
+
+ private:
+  Object Create(TextView prog_id) override;
+  orim::Package Package() const { return repository_.SelectedPackage(); }
+  /// `work` with what it asks of the host.
+  Cost MeasureWithHost(const std::function<void()>& work);
+
+  Text export_path_;
+  ScriptedDesktop desktop_;
+  FixedFolders folders_;
+  Platform platform_{desktop_, folders_, *this};
+  Doors doors_{platform_};
+  workbench::OrimModel model_;
+  double host_seconds_ = 0;
+  orim::Repository repository_;
+};
+
+}  // namespace kestrune::bench

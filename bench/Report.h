@@ -1,0 +1,27 @@
+// All that was measured in one run, side by side.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bench/Cost.h"
+
+namespace kestrune::bench {
+
+struct Result {
+  std::string Phase;
+  int Objects = 0;
+  Cost Ours;
+  std::optional<Cost> Bare;  // of the least that the phase could cost
+
+  double TimeRatio() const { return Ours.Seconds / Bare->Seconds; }
+  double MemoryRatio() const { return Ours.PeakMb / Bare->PeakMb; }
+};
+
+/// Prints a table in Markdown. Its column "growth" is the time in proportion to that of a tenth of the
+/// objects: 10 is linear.
+void PrintReport(const std::vector<Result>& results, std::ostream& out);
+
+}  // namespace kestrune::bench
