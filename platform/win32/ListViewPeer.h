@@ -1,0 +1,39 @@
+// The peer of a list view with two columns.
+#pragma once
+
+#include "platform/win32/ControlPeer.h"
+
+namespace kestrune {
+
+/// The second column is as wide as four blanks and its header; the first has the rest, whatever the window's
+/// width.
+class ListViewPeer : public ControlPeer {
+ public:
+  ListViewPeer(ListView& list, HWND window);
+  void OnNotify(const NMHDR& notification) override;
+  void OnResized() override { FitColumns(); }
+
+ protected:
+  void PushContent() override;
+
+ private:
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
+    return SendMessageW(Window(), message, wparam, lparam);
+  }
+  void PushColumns();
+  void PushRows();
+  void PushCell(std::size_t row, std::size_t column, const Text& text);
+  void PushSelection();
+  bool IsSelected(std::size_t row) const;
+  void SetState(std::size_t row, UINT state, UINT mask);
+  void FitColumns();
+  std::vector<std::size_t> SelectedByUser() const;
+
+  ListView& list_;
+  std::vector<Text> shown_columns_;
+  std::vector<std::vector<Text>> shown_rows_;
+  std::optional<std::size_t> scrolled_to_;
+  LONG fitted_width_ = 0;
+};
+
+}  // namespace kestrune

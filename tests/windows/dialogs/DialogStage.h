@@ -1,0 +1,84 @@
+// What the dialogs are shown with: the real desktop, whose help is only written down; a DOORS of prepared
+// answers with a main window; a linked package.
+#pragma once
+
+#include <filesystem>
+
+#include "common/Utilities.h"
+#include "common/resources/dialogs.h"
+#include "doors/Doors.h"
+#include "options/Options.h"
+#include "platform/Files.h"
+#include "platform/headless/FixedFolders.h"
+#include "platform/win32/Win32Desktop.h"
+#include "tests/options/SimulatedPackage.h"
+#include "tests/windows/dialogs/Person.h"
+
+namespace kestrune::testing {
+
+class RecordingDesktop : public Win32Desktop {
+ public:
+  void ShowHelp(int context) override { help_shown.push_back(context); }
+  std::vector<int> help_shown;
+};
+
+/// Answers each script as the test says.
+class PreparedDoors : public StandInObject<PreparedDoors> {
+ public:
+  static constexpr const char16_t* kClassName = u"PreparedDoors";
+  std::function<Text(const Text& script)> Answer = [](const Text&) { return Text(); };
+
+  static const Members& Table() {
+    static const Members table = {
+        {u"Result",
+         {.Get = [](PreparedDoors& doors) { return Variant(doors.result_); },
+          .Put = [](PreparedDoors& doors, const Variant& value) { doors.result_ = value.ToText(); }}},
+        {u"RunStr",
+         {.Call =
+              [](PreparedDoors& doors, const Args& args) {
+                doors.result_ = doors.Answer(args[0].ToText());
+                return Variant();
+              },
+          .ArgCount = 1}},
+    };
+    return table;
+  }
+
+ private:
+  Text result_;
+};
+
+/// A window as DOORS has it.
+class DoorsWindow {
+ public:
+  static constexpr DWORD kStartUp = WS_POPUP | WS_CLIPSIBLINGS;
+  static constexpr DWORD kLogin = kStartUp | WS_CAPTION | WS_SYSMENU;
+  static constexpr DWORD kMain = WS_OVERLAPPEDWINDOW | WS_CLIPSIBLINGS;
+
+  DoorsWindow(DWORD style, bool is_visible);
+  ~DoorsWindow() { DestroyWindow(window_); }
+  DoorsWindow(const DoorsWindow&) = delete;
+  DoorsWindow& operator=(const DoorsWindow&) = delete;
+  HWND Window() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
+struct DialogStage : private ObjectFactory {
+  /// The package's record gets these rules.
+  void StoreRules(const std::vector<Text>& rules);
+
+  RecordingDesktop desktop;
+  FixedFolders folders{FromPath(std::filesystem::temp_directory_path() / "kestrune-dialogs")};
+  Platform platform{desktop, folders, *this};
+  std::shared_ptr<PreparedDoors> app = std::make_shared<PreparedDoors>();
+  Doors doors{platform};
+  PackageModel model;
+  orim::Package package{Object(std::make_shared<SimulatedPackage>(model))};
+
+ private:
+  Object Create(TextView) override { return Object(app); }
+};
+
+}  // namespace kestrune::testing

@@ -1,0 +1,213 @@
+#include "tests/windows/dialogs/Person.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <thread>
+// clang-format off
+#include <windows.h>
+#include <commctrl.h>  // needs the one above
+// clang-format on
+
+#include "platform/win32/ComText.h"
+
+namespace kestrune::testing {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto kLimit = std::chrono::seconds(20);
+constexpr auto kPause = std::chrono::milliseconds(5);
+
+/// The window's title as the system knows it: its thread, which may hang, is not asked.
+Text TitleOf(HWND window) {
+  wchar_t title[200] = {};
+  return Text(FromWide({title, static_cast<std::size_t>(InternalGetWindowText(window, title, 200))}));
+}
+
+/// The titles of the windows that the process still shows.
+Text OpenTitles() {
+  Text titles;
+  EnumWindows(
+      [](HWND window, LPARAM parameter) -> BOOL {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        const bool is_ours = process == GetCurrentProcessId() && IsWindowVisible(window);
+        if (is_ours) *reinterpret_cast<Text*>(parameter) += u"[" + TitleOf(window) + u"]";
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&titles));
+  return titles;
+}
+
+[[noreturn]] void GiveUp(const Text& title, const char* what) {
+  std::fprintf(stderr, "The dialog \"%s\" hangs: %s. Open are: %s\n", ToUtf8(title).c_str(), what,
+               ToUtf8(OpenTitles()).c_str());
+  std::fflush(stderr);
+  TerminateProcess(GetCurrentProcess(), 3);
+  std::abort();
+}
+
+void AwaitFor(const Text& title, const char* what, const std::function<bool()>& condition) {
+  const auto end = Clock::now() + kLimit;
+  while (!condition()) {
+    if (Clock::now() > end) GiveUp(title, what);
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+struct Search {
+  const Text& Title;
+  HWND Found = nullptr;
+};
+
+BOOL CALLBACK OnWindow(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window) &&
+      TitleOf(window) == search.Title)
+    search.Found = window;
+  return search.Found == nullptr;
+}
+
+HWND UsableWindow(const Text& title) {
+  Search search{title};
+  EnumWindows(OnWindow, reinterpret_cast<LPARAM>(&search));
+  return search.Found;
+}
+
+void SendKey(WORD key, WORD unit, DWORD flags) {
+  INPUT input = {.type = INPUT_KEYBOARD};
+  input.ki.wVk = key;
+  input.ki.wScan = unit ? unit : static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+  input.ki.dwFlags = flags;
+  SendInput(1, &input, sizeof input);
+}
+
+void SendMouse(POINT at, DWORD flags) {
+  INPUT input = {.type = INPUT_MOUSE};
+  input.mi.dx = at.x * 65536 / GetSystemMetrics(SM_CXSCREEN) + 1;
+  input.mi.dy = at.y * 65536 / GetSystemMetrics(SM_CYSCREEN) + 1;
+  input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE;
+  SendInput(1, &input, sizeof input);
+}
+
+}  // namespace
+
+void WithPerson(const std::function<void()>& person, const std::function<void()>& show) {
+  GetDesktopWindow();  // Wine: the first call of a thread must not come from two threads at once
+  std::atomic<bool> is_shown = true;
+  std::thread thread([&] {
+    person();
+    const auto end = Clock::now() + kLimit;
+    while (is_shown) {
+      if (Clock::now() > end) GiveUp(u"left open", "the person has gone");
+      std::this_thread::sleep_for(kPause);
+    }
+  });
+  std::exception_ptr failure;
+  try {
+    show();
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  is_shown = false;
+  thread.join();
+  if (failure) std::rethrow_exception(failure);
+}
+
+Screen::Screen(TextView title) : title_(title) {
+  AwaitFor(title_, "it does not appear", [&] { return (window_ = UsableWindow(title_)) != nullptr; });
+  AwaitFor(title_, "it does not come to the front", [&] { return GetForegroundWindow() == window_; });
+}
+
+HWND Screen::At(int id) const {
+  const HWND control = GetDlgItem(window_, id);
+  if (!control) GiveUp(title_, ("it has no control " + std::to_string(id)).c_str());
+  return control;
+}
+
+// The window's own thread answers, after all that it has been sent before.
+Text Screen::TextAt(int id) const {
+  Text text(static_cast<std::size_t>(Ask(id, WM_GETTEXTLENGTH)) + 1, u'\0');
+  text.resize(
+      static_cast<std::size_t>(Ask(id, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  return text;
+}
+
+LRESULT Screen::Ask(int id, UINT message, WPARAM wparam, LPARAM lparam) const {
+  return SendMessageW(At(id), message, wparam, lparam);
+}
+
+std::vector<Text> Screen::LinesOf(int list_id) const {
+  std::vector<Text> lines(static_cast<std::size_t>(Ask(list_id, LB_GETCOUNT)));
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    lines[i].resize(static_cast<std::size_t>(Ask(list_id, LB_GETTEXTLEN, i)));
+    Ask(list_id, LB_GETTEXT, i, reinterpret_cast<LPARAM>(lines[i].data()));
+  }
+  return lines;
+}
+
+bool Screen::HasFocus(int id) const {
+  GUITHREADINFO info = {.cbSize = sizeof info};
+  GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
+  return info.hwndFocus && (info.hwndFocus == At(id) || IsChild(At(id), info.hwndFocus));
+}
+
+void Screen::Await(const char* what, const std::function<bool()>& condition) const {
+  AwaitFor(title_, what, condition);
+}
+
+void Screen::AwaitEnabled(int id) const {
+  Await("a control does not become enabled", [&] { return EnabledAt(id); });
+}
+
+void Screen::AwaitClosed() const {
+  Await("it does not close", [&] { return !IsWindow(window_); });
+}
+
+void Screen::ClickAt(HWND window, RECT inside, int times) const {
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&inside), 2);
+  const POINT middle = {(inside.left + inside.right) / 2, (inside.top + inside.bottom) / 2};
+  SendMouse(middle, MOUSEEVENTF_MOVE);
+  for (int i = 0; i < times; ++i) {
+    SendMouse(middle, MOUSEEVENTF_LEFTDOWN);
+    SendMouse(middle, MOUSEEVENTF_LEFTUP);
+  }
+}
+
+void Screen::Click(int id, int times) const {
+  RECT inside = {};
+  GetClientRect(At(id), &inside);
+  ClickAt(At(id), inside, times);
+}
+
+void Screen::ClickLine(int list_id, int line, int times) const {
+  RECT inside = {};
+  Ask(list_id, LB_GETITEMRECT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&inside));
+  ClickAt(At(list_id), inside, times);
+}
+
+void Screen::ClickRow(int list_view_id, int row, int times) const {
+  RECT inside = {.left = LVIR_LABEL};
+  Ask(list_view_id, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&inside));
+  ClickAt(At(list_view_id), inside, times);
+}
+
+void Screen::Key(WORD key, WORD held) const {
+  if (held) SendKey(held, 0, 0);
+  SendKey(key, 0, 0);
+  SendKey(key, 0, KEYEVENTF_KEYUP);
+  if (held) SendKey(held, 0, KEYEVENTF_KEYUP);
+}
+
+void Screen::Type(TextView text) const {
+  for (const char16_t unit : text) {
+    SendKey(0, unit, KEYEVENTF_UNICODE);
+    SendKey(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+  }
+}
+
+}  // namespace kestrune::testing
