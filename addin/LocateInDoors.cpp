@@ -1,5 +1,7 @@
 #include "addin/LocateInDoors.h"
 
+#include <algorithm>
+
 #include "common/Utilities.h"
 #include "options/Options.h"
 
@@ -9,10 +11,12 @@ namespace {
 
 constexpr TextView kKeyAttribute = u"Absolute Number";
 
-/// What the element holds where the rule puts the attribute's value; "" when it holds nothing there.
+/// What the element holds where the rule puts the attribute's value; "" when the rule puts it nowhere.
 Text ValueAt(const MappingRule& rule, const orim::Element& element) {
-  if (rule.Target.empty()) return {};
-  if (rule.Target != target::kTaggedValue) return element.Field(rule.Target);
+  if (rule.Target != target::kTaggedValue) {
+    const bool is_field = std::ranges::find(kHostFields, rule.Target) != std::end(kHostFields);
+    return is_field ? element.Field(rule.Target) : Text();
+  }
   const orim::TaggedValue tagged_value = element.TaggedValues().Find(rule.Attribute);
   return tagged_value ? tagged_value.Value() : Text();
 }
@@ -29,7 +33,7 @@ void LocateInDoors(Doors& doors, const orim::Repository& repository) {
   if (slot == 0) return;
   const Text identifier = ValueAt(options.Rules[slot], repository.ContextElement());
   const Text module_path = GetLinkModulePath(doors.platform(), package.PackageGuid());
-  if (module_path.empty() || identifier.empty()) return;
+  if (module_path.empty() || identifier.empty() || identifier.find(u'~') != Text::npos) return;
   doors.RunScript(dxl_script::kLocateObject, JoinFields({module_path, identifier, options.RestrictToView}));
 }
 

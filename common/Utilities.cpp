@@ -85,6 +85,10 @@ Text CleanExportFile(const Platform& platform, const Text& path) {
   return copy;
 }
 
+Text CannotReadXml(const Text& path) {
+  return u"Can't read XML (" + path + u")";
+}
+
 bool IsRtf(TextView text) {
   return text.substr(0, 6) == u"{\\rtf1";
 }

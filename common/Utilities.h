@@ -40,6 +40,9 @@ void ApplyFont(Form& form, const Text& font_entry);
 /// below 32 but tab, line feed and carriage return), replacing an earlier copy; returns the copy's path.
 Text CleanExportFile(const Platform& platform, const Text& path);
 
+/// What the user is told of an XML file that cannot be read.
+Text CannotReadXml(const Text& path);
+
 /// True when `text` begins as rich text does.
 bool IsRtf(TextView text);
 /// Rich text in the host's notes format, without the line break that the conversion ends with.

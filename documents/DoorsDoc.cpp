@@ -20,7 +20,7 @@ constexpr std::size_t kLongestId = 6;  // a million attributes are enough for an
 }
 
 [[noreturn]] void ThrowUnreadable(const Text& path) {
-  ThrowBadExport(FormatResText(text::kUnreadableXml, {path}));
+  ThrowBadExport(CannotReadXml(path));
 }
 
 Text ParseReport(const Text& path, const XmlParseError& error) {
@@ -85,10 +85,11 @@ void DoorsDoc::Load(const Text& path, Options& options, const Platform& platform
                     const orim::Repository& repository) {
   const XmlDocument document = LoadExport(path, platform, OutputTab(repository));
   const XmlNode attributes = document.SelectSingleNode(u"DoorsModule/Attributes");
-  // Anything else that happens to be XML must not pass for a module that has lost its attributes and objects.
-  if (!attributes || !IdsByName(attributes).contains(Text(kIdentifierField))) ThrowUnreadable(path);
-  if (options.RefreshDoorsAttributesFromXML(document)) options.Save();
   const XmlNode objects = document.SelectSingleNode(u"DoorsModule/Objects");
+  // Anything else that happens to be XML must not pass for a module that has lost its attributes and objects.
+  if (!attributes || !objects || !IdsByName(attributes).contains(Text(kIdentifierField)))
+    ThrowUnreadable(path);
+  options.RefreshDoorsAttributesFromXML(document);
   ReadObjects(objects, ResolveFields(attributes));
   NumberSiblings();
 }
@@ -111,16 +112,12 @@ DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
 
 void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
   std::size_t count = 0;
-  if (objects)
-    for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) ++count;
+  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) ++count;
   table_ = DataTable(count, requests_.size());
-  if (count == 0) return;
   std::vector<Text> extras(requests_.size() + 1);
   std::size_t row = 0;
-  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) {
+  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling())
     ReadObject(++row, each, uses, extras);
-    each.SetContent(u"");  // the table grows in the memory that the tree gives back
-  }
 }
 
 void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses,
@@ -153,6 +150,7 @@ void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById
 void DoorsDoc::NumberSiblings() {
   if (table_.UpperColumn() < column::kPosition) return;
   std::unordered_map<TextView, std::int32_t> last_position = {{u"", 0}};  // by the parent's identifier
+  last_position.reserve(table_.UpperRow() + 1);
   for (std::size_t row = 1; row <= table_.UpperRow(); ++row)
     last_position.emplace(table_.TextAt(row, column::kIdentifier), 0);
   for (std::size_t row = 1; row <= table_.UpperRow(); ++row) {

@@ -21,8 +21,8 @@ class DoorsDoc {
   void AddField(Text attribute, Text separator = {}, Text extra_attribute = {});
 
   /// Reads the export file at `path`. A malformed one is read once more without its control characters, which
-  /// is told in the output tab "DOORS". The attribute list of the export is taken over into `options`, which
-  /// are saved. Throws AutomationError kBadExport, source "DoorsDoc.Load", when the file is no export or
+  /// is told in the output tab "DOORS". The attribute list of the export is taken over into `options`, and
+  /// not saved. Throws AutomationError kBadExport, source "DoorsDoc.Load", when the file is no export or
   /// stays malformed.
   void Load(const Text& path, Options& options, const Platform& platform, const orim::Repository& repository);
 

@@ -47,14 +47,11 @@ Text OrimDoc::PackageIds() const {
 }
 
 void OrimDoc::Load() {
-  for (const OrimField& field : fields_) {
-    std::optional<std::size_t> query_column;
-    if (field.Kind == OrimField::kElementField) query_column = kFirstField + ElementFieldIndex(field.Name);
-    field_columns_.push_back(query_column);
-  }
   const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {PackageIds()});
   const QueryAnswer answer(repository_, sql, QueryColumns());
   FindElements(answer);
+  if (table_.UpperRow() == 0) return;
+  ResolveElementFields();
   const ColumnsByName tagged_values = TaggedValueColumns();
   std::size_t next = 0;
   answer.ForEach([&](const QueryAnswer::Row& row) {
@@ -63,12 +60,20 @@ void OrimDoc::Load() {
   });
 }
 
+void OrimDoc::ResolveElementFields() {
+  for (const OrimField& field : fields_) {
+    std::optional<std::size_t> query_column;
+    if (field.Kind == OrimField::kElementField) query_column = kFirstField + ElementFieldIndex(field.Name);
+    field_columns_.push_back(query_column);
+  }
+}
+
 void OrimDoc::FindElements(const QueryAnswer& answer) {
   std::size_t count = 0;
   answer.ForEach([&](const QueryAnswer::Row& row) {
     if (!IsIdentifierRow(row)) return;
     const std::int32_t id = row.GetNumber(kObjectId);
-    row_by_id_.emplace(id, ++count);
+    rows_by_id_.emplace(id, ++count);
     identifier_by_id_.emplace(id, row.GetText(kValue));
   });
   table_ = DataTable(count, fields_.size());
@@ -105,10 +110,12 @@ OrimDoc::ColumnsByName OrimDoc::TaggedValueColumns() const {
 }
 
 void OrimDoc::FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns) {
-  const auto field = columns.find(source.GetText(kProperty));
-  if (field == columns.end()) return;
-  const auto element = row_by_id_.find(source.GetNumber(kObjectId));
-  if (element != row_by_id_.end()) table_.At(element->second, field->second) = source.GetText(kValue);
+  const auto [first_field, last_field] = columns.equal_range(source.GetText(kProperty));
+  if (first_field == last_field) return;
+  const auto [first_row, last_row] = rows_by_id_.equal_range(source.GetNumber(kObjectId));
+  for (auto row = first_row; row != last_row; ++row)
+    for (auto field = first_field; field != last_field; ++field)
+      table_.At(row->second, field->second) = source.GetText(kValue);
 }
 
 Variant OrimDoc::StoredValue(std::size_t row, std::size_t column) {

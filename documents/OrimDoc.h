@@ -28,7 +28,8 @@ class OrimDoc {
   /// `target` is a host field's name, "(Tagged Value) " and a name, or "(Calculated) " and a name.
   void AddField(const Text& target);
 
-  /// Throws AutomationError 0x80040001 "Unknown field: ..." for a target that is no host field, and
+  /// Throws AutomationError 0x80040001 "Unknown field: ..." for a target that is no host field where
+  /// there are elements to read, and
   /// 0x80040001 when an element lies below one that was not imported from DOORS.
   void Load();
 
@@ -43,9 +44,10 @@ class OrimDoc {
   Text PackageIds() const;
 
  private:
-  using ColumnsByName = std::unordered_map<Text, std::size_t>;
+  using ColumnsByName = std::unordered_multimap<Text, std::size_t>;
 
   void FindElements(const QueryAnswer& answer);
+  void ResolveElementFields();
   void FillRow(std::size_t row, const QueryAnswer::Row& source);
   void FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns);
   Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const;
@@ -55,8 +57,8 @@ class OrimDoc {
   orim::Repository repository_;
   orim::Package package_;
   std::vector<OrimField> fields_;
-  std::vector<std::optional<std::size_t>> field_columns_;    // of an element field: its column of the query
-  std::unordered_map<std::int32_t, std::size_t> row_by_id_;  // element id to its first row
+  std::vector<std::optional<std::size_t>> field_columns_;  // of an element field: its column of the query
+  std::unordered_multimap<std::int32_t, std::size_t> rows_by_id_;  // two for an element with two identifiers
   std::unordered_map<std::int32_t, Text> identifier_by_id_;
   DataTable table_;
   bool has_memo_texts_ = false;

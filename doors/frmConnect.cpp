@@ -33,6 +33,7 @@ void frmConnect::Form_Load() {
   cmdCancel.SetCaption(LoadResText(text::kCancel));
   cmdHelp.SetCaption(LoadResText(text::kHelp));
   cmdManual.SetCaption(LoadResText(text::kManualConnection));
+  cmdOK.SetEnabled(false);
   HelpContextID = 5740;
   ApplyStandardFont(*this);
   Timer1.Interval = 100;

@@ -29,19 +29,13 @@ ModuleRows::ModuleRows(const DataTable& module) {
   }
   std::vector<std::size_t> parent_of(rows_.size(), kNone);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    if (rows_[i].Parent.empty()) continue;
     const auto found = place.find(rows_[i].Parent);
     if (found == place.end())
-      CutParent(rows_[i], FormatResText(text::kParentMissing, {rows_[i].Parent, rows_[i].Identifier}));
+      rows_[i].Parent.clear();
     else
       parent_of[i] = found->second;
   }
   CutCircles(parent_of);
-}
-
-void ModuleRows::CutParent(ModuleRow& row, Text warning) {
-  row.Parent.clear();
-  parent_warnings_.push_back(std::move(warning));
 }
 
 // Walks up from every row until a row that is known to lead to the top; a walk that meets itself has found a
@@ -59,7 +53,8 @@ void ModuleRows::CutCircles(const std::vector<std::size_t>& parent_of) {
     if (at != kNone && state[at] == Walk::kOnPath) {
       const auto circle = std::find(path.begin(), path.end(), at);
       ModuleRow& first = rows_[*std::min_element(circle, path.end())];
-      CutParent(first, FormatResText(text::kParentCycle, {first.Identifier}));
+      first.Parent.clear();
+      parent_warnings_.push_back(FormatResText(text::kParentCycle, {first.Identifier}));
     }
     for (const std::size_t seen : path) state[seen] = Walk::kDone;
   }

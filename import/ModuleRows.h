@@ -12,9 +12,9 @@ struct ModuleRow {
   Text Parent;  // the parent's identifier; "" at the top
 };
 
-/// Objects without an identifier, and all but the first with the same one, are left out; a parent that is not
-/// there, and one link of every circle of parents, is cut. Each of that is told in words. A sound module has
-/// none of it.
+/// Objects without an identifier, and all but the first with the same one, are left out; one link of every
+/// circle of parents is cut. Each of that is told in words; a sound module has none of it. A parent that is
+/// not there means the top: a table's is not where a view hides it.
 class ModuleRows {
  public:
   explicit ModuleRows(const DataTable& module);
@@ -24,7 +24,6 @@ class ModuleRows {
   const std::vector<Text>& ParentWarnings() const { return parent_warnings_; }
 
  private:
-  void CutParent(ModuleRow& row, Text warning);
   void CutCircles(const std::vector<std::size_t>& parent_of);
 
   std::vector<ModuleRow> rows_;

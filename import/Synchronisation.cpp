@@ -137,7 +137,8 @@ void Synchronisation::SynchronizeDocuments() {
 // An element that cannot be given its identifier would be nobody's at the next import, and in the way of
 // those below it: nothing may hang on it, and no more of its kind are made.
 void Synchronisation::CreateElement(const ModuleRow& object) {
-  if (writer_.HasFailed(column::kIdentifier)) return;
+  if (writer_.HasFailed(column::kIdentifier))
+    return ShowWarnings({FormatResText(text::kNotMade, {object.Identifier})});
   orim::Element element = package_.Elements().AddNew(NewElementName(object), kElementType);
   element.Save();
   ShowItem(text::kItemNew, element.Name());

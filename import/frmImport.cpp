@@ -87,6 +87,9 @@ bool frmImport::LoadOptions(const orim::Package& package, const Text& module_pat
   if (!Options(doors_).EnsureOK(repository_, package, module_path)) return false;
   options_ = std::make_unique<Options>(doors_);
   if (!options_->Load(package)) return false;
+  // Without a rule that cannot be read, the import would miss its values and the record the rule.
+  if (!options_->Complaints.empty())
+    throw AutomationError(error::kTypeMismatch, u"Options.Load", options_->Complaints);
   doors_doc_ = std::make_unique<DoorsDoc>();
   orim_doc_ = std::make_unique<OrimDoc>(repository_, package);
   AddImportFields(*options_, *orim_doc_, *doors_doc_);
@@ -117,6 +120,7 @@ void frmImport::RequireFile(const Text& answer) const {
 
 void frmImport::LoadDocuments() {
   doors_doc_->Load(export_path_, *options_, doors_.platform(), repository_);
+  if (direction_ == 0) options_->Save();
   RemoveFile(export_path_);
   desktop_.PumpMessages();
   Progress(LoadResText(text::kCheckingPackage));

@@ -27,13 +27,14 @@ class Options {
 
   orim::Package Package;
   Text RestrictToView;  // empty: the whole module
+  Text Complaints;      // what Load could not read, a line each; Save would lose it
   std::vector<MappingRule> Rules = std::vector<MappingRule>(1);
 
   /// The fixed rules and the five default ones; the view restriction stays.
   void LoadDefault(const orim::Package& package);
   /// Reads the record of the package; false, with nothing changed but Package, when it has none. A record
-  /// that is not valid is told to the user and replaced by the defaults, to which its rule lines are added; a
-  /// rule line that cannot be read is told to the user and left out.
+  /// that is not valid is told to the user and replaced by the defaults, to which its rule lines are added. A
+  /// rule line that cannot be read is among the Complaints and not among the rules.
   bool Load(const orim::Package& package);
   /// Deletes the record of the package, if there is one.
   void Clear(const orim::Package& pkg);

@@ -15,7 +15,7 @@ void ReadRuleLine(TextView line, OptionsRecord& record) {
   try {
     if (auto rule = ParseRule(line)) record.Rules.push_back(std::move(*rule));
   } catch (const AutomationError& malformed) {
-    record.Complaints.push_back(malformed.Description);
+    record.Complaints.append(record.Complaints.empty() ? TextView() : kCrLf).append(malformed.Description);
   }
 }
 

@@ -22,7 +22,7 @@ inline constexpr TextView kMemoValue = u"<memo>";  // its value, which says that
 struct OptionsRecord {
   Text RestrictToView;
   std::vector<MappingRule> Rules;
-  std::vector<Text> Complaints;  // one for each rule line that could not be read
+  Text Complaints;  // a line for each rule line that could not be read
 };
 
 /// False for a text of fewer than four lines and for one in the older layout, which had a line

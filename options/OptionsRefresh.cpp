@@ -65,8 +65,7 @@ bool Options::RefreshDoorsAttributes(const Text& module_path, bool reload_defaul
   if (AsciiUpper(answer.substr(0, 5)) == u"ERROR") return fail(answer);
   if (answer.empty()) return fail(LoadResText(text::kInvalidResponse));
   XmlDocument d;
-  if (!d.LoadFile(answer))
-    return fail(FormatResText(text::kUnreadableXml, {answer}) + u". " + d.ParseError().Reason);
+  if (!d.LoadFile(answer)) return fail(CannotReadXml(answer) + u". " + d.ParseError().Reason);
   if (!RefreshDoorsAttributesFromXML(d, reload_defaults)) return fail(LoadResText(text::kInvalidResponse));
   DeleteExport(answer);
   return true;

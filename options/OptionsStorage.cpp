@@ -6,16 +6,6 @@
 
 namespace kestrune {
 
-namespace {
-
-Text Lines(const std::vector<Text>& lines) {
-  Text text;
-  for (const Text& line : lines) text.append(text.empty() ? TextView() : kCrLf).append(line);
-  return text;
-}
-
-}  // namespace
-
 void Options::LoadDefault(const orim::Package& package) {
   Package = package;
   ResetRules();
@@ -26,16 +16,15 @@ bool Options::Load(const orim::Package& package) {
   Package = package;
   const auto stored = package.Element().TaggedValues().Find(Text(kRecordName));
   if (!stored) return false;
-  Desktop& desktop = doors_.platform().desktop;
   const Text text = stored.Notes();
   OptionsRecord record = ReadRecord(text);
   if (IsValidRecord(text)) {
     ResetRules();
   } else {
-    ShowMessage(desktop, LoadResText(text::kInvalidRecord), Icon::kExclamation);
+    ShowMessage(doors_.platform().desktop, LoadResText(text::kInvalidRecord), Icon::kExclamation);
     LoadDefault(package);
   }
-  if (!record.Complaints.empty()) ShowMessage(desktop, Lines(record.Complaints), Icon::kExclamation);
+  Complaints = std::move(record.Complaints);
   RestrictToView = std::move(record.RestrictToView);
   AddRules(std::move(record.Rules));
   Sort();

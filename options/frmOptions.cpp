@@ -64,7 +64,9 @@ frmOptions::CloseCode frmOptions::ShowOptions(const orim::Repository&,
                                               const orim::Package& selected_package) {
   package_ = selected_package;
   if (!options_.Load(package_)) options_.LoadDefault(package_);
-  doors_.platform().desktop.ShowModal(*this);
+  Desktop& desktop = doors_.platform().desktop;
+  if (!options_.Complaints.empty()) ShowMessage(desktop, options_.Complaints, Icon::kExclamation);
+  desktop.ShowModal(*this);
   if (close_code_ != kCancelled) options_.Save();
   return close_code_;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <iterator>
 #include <utf8.h>
 
@@ -18,12 +19,20 @@ bool IsLowSurrogate(char16_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Looks at every unit, without a way out: such a loop is one that the compiler turns into vector code.
+/// Looks at every unit, without a way out and without widening it: such a loop is one that the compiler turns
+/// into vector code.
 template <typename View>
 bool IsAscii(View text) {
-  unsigned seen = 0;
-  for (const auto unit : text) seen |= static_cast<unsigned>(unit);
-  return (seen & ~0x7Fu) == 0;
+  using Unit = std::make_unsigned_t<typename View::value_type>;
+  Unit seen = 0;
+  for (const auto unit : text) seen = static_cast<Unit>(seen | static_cast<Unit>(unit));
+  return seen < 0x80;
+}
+
+/// Nearly no text has a line feed, and bytes are searched much faster than units: where no byte is one, no
+/// unit is.
+bool HasLineFeed(TextView text) {
+  return std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) && text.find(u'\n') != TextView::npos;
 }
 
 bool IsWellFormed(TextView text) {
@@ -108,7 +117,7 @@ Text AsciiLower(TextView text) {
 }
 
 Text WidenLineFeeds(Text text) {
-  if (std::count(text.begin(), text.end(), u'\n') == 0) return text;  // nearly all of them, and fast
+  if (!HasLineFeed(text)) return text;
   const auto is_bare = [&text](std::size_t i) {
     return text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r');
   };

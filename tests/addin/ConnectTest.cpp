@@ -27,47 +27,22 @@ TEST_F(ConnectTest, LinksAnewAndForgetsTheOldOptions) {
   EXPECT_FALSE(HasRecord());
 }
 
-TEST_F(ConnectTest, TakesAModuleThatIsTypedIn) {
-  desktop.entry = u"/Not/Listed";
-  desktop.UseForm<frmConnect>([](frmConnect& form) { form.cmdManual.Press(); });
-  EXPECT_EQ(Connect(), -1);
-  EXPECT_EQ(ModulePath(), u"/Not/Listed");
-}
-
 TEST_F(ConnectTest, GivingUpChangesNothing) {
-  const struct {
-    const char* name;
-    std::function<void()> prepare;
-    std::vector<Text> messages;
-  } cases[] = {
-      {"cancelled",
-       [&] { desktop.UseForm<frmConnect>([](frmConnect& form) { form.cmdCancel.Press(); }); },
-       {}},
-      {"closed", [&] { desktop.UseForm<frmConnect>([](frmConnect& form) { form.CloseByUser(); }); }, {}},
-      {"locked", [&] { SetLocked(true); }, {testing::kLockedMessage}},
-      {"DOORS not running",
-       [&] {
-         SetLocked(false);
-         doors.SetState(workbench::DoorsState::kNotRunning);
-       },
-       {}},
-  };
-  for (const auto& c : cases) {
-    c.prepare();
+  const auto give_up = [this](const char* how, const std::vector<Text>& messages = {}) {
     model.Counters().Reset();
-    EXPECT_EQ(Connect(), 0) << c.name;
-    EXPECT_EQ(Messages(), c.messages) << c.name;
-    EXPECT_EQ(model.Counters().Writes(), 0) << c.name;
-    EXPECT_EQ(ModulePath(), u"/P/M") << c.name;
-    EXPECT_TRUE(HasRecord()) << c.name;
-  }
-}
-
-TEST_F(ConnectTest, AnUnlinkedPackageStaysSoWhenTheListIsCancelled) {
-  Disconnect();
+    EXPECT_EQ(Connect(), 0) << how;
+    EXPECT_EQ(Messages(), messages) << how;
+    EXPECT_EQ(model.Counters().Writes(), 0) << how;
+    EXPECT_EQ(ModulePath(), u"/P/M") << how;
+    EXPECT_TRUE(HasRecord()) << how;
+  };
   desktop.UseForm<frmConnect>([](frmConnect& form) { form.cmdCancel.Press(); });
-  EXPECT_EQ(Connect(), 0);
-  EXPECT_FALSE(HasLinkFile());
+  give_up("cancelled");
+  SetLocked(true);
+  give_up("locked", {testing::kLockedMessage});
+  SetLocked(false);
+  doors.SetState(workbench::DoorsState::kNotRunning);
+  give_up("DOORS not running");
 }
 
 TEST_F(ConnectTest, ALinkFileThatCannotBeWrittenIsNoLink) {
@@ -84,39 +59,37 @@ TEST_F(ConnectTest, ALinkFileThatCannotBeWrittenIsNoLink) {
 TEST_F(ConnectTest, DisconnectingTakesLinkAndOptionsAndLeavesTheElements) {
   const auto before = ReadPackage(*this, {});
   ASSERT_EQ(before.size(), 2u);
-  EXPECT_TRUE(Disconnect());
-  EXPECT_EQ(Messages(), std::vector<Text>{kSure});
-  EXPECT_FALSE(HasLinkFile());
-  EXPECT_FALSE(HasRecord());
-  EXPECT_EQ(model.RefreshedPackages().back(), package_id);
-  ExpectPackage(ReadPackage(*this, {}), before);
-}
-
-TEST_F(ConnectTest, DisconnectingNeedsAYesAndAnUnlockedPackage) {
-  const struct {
-    Answer answer;
-    bool locked;
-    std::vector<Text> messages;
-  } cases[] = {{Answer::kNo, false, {kSure}},
-               {Answer::kNo, true, {kSure}},
-               {Answer::kYes, true, {kSure, testing::kLockedMessage}}};
-  for (const auto& c : cases) {
-    SetLocked(c.locked);
-    model.Counters().Reset();
-    const auto refreshed = model.RefreshedPackages();
-    EXPECT_FALSE(Disconnect(c.answer));
-    EXPECT_EQ(Messages(), c.messages);
-    EXPECT_TRUE(HasLinkFile());
-    EXPECT_TRUE(HasRecord());
-    EXPECT_EQ(model.Counters().Writes(), 0);
-    EXPECT_EQ(model.RefreshedPackages(), refreshed);
+  for (const bool has_link_file : {true, false}) {
+    if (!has_link_file) {
+      Link(other.Path());
+      EditOptions();
+      RemoveFile(GetLinkFilePath(platform, Guid()));
+    }
+    ASSERT_TRUE(HasRecord());
+    Messages();
+    const std::size_t refreshed = model.RefreshedPackages().size();
+    EXPECT_TRUE(Disconnect());
+    EXPECT_EQ(Messages(), std::vector<Text>{kSure});
+    EXPECT_FALSE(HasLinkFile());
+    EXPECT_FALSE(HasRecord());
+    EXPECT_EQ(model.RefreshedPackages().size(), refreshed + 1);
+    ExpectPackage(ReadPackage(*this, {}), before);
   }
 }
 
-TEST_F(ConnectTest, DisconnectingToleratesALinkFileThatIsGone) {
-  RemoveFile(GetLinkFilePath(platform, Guid()));
-  EXPECT_TRUE(Disconnect());
-  EXPECT_FALSE(HasRecord());
+TEST_F(ConnectTest, DisconnectingNeedsAYesAndAnUnlockedPackage) {
+  for (const bool says_yes : {false, true}) {
+    SetLocked(says_yes);
+    model.Counters().Reset();
+    const auto refreshed = model.RefreshedPackages();
+    EXPECT_FALSE(Disconnect(says_yes ? Answer::kYes : Answer::kNo));
+    std::vector<Text> messages{kSure};
+    if (says_yes) messages.push_back(testing::kLockedMessage);
+    EXPECT_EQ(Messages(), messages);
+    EXPECT_TRUE(HasLinkFile() && HasRecord());
+    EXPECT_EQ(model.Counters().Writes(), 0);
+    EXPECT_EQ(model.RefreshedPackages(), refreshed);
+  }
 }
 
 }  // namespace

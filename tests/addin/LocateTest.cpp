@@ -61,13 +61,18 @@ TEST_F(LocateTest, IsSilentWhereThereIsNothingToLocate) {
   };
   Map({u"Object Heading --> Alias"});
   nothing("the number is not mapped");
+  Map({u"Absolute Number --> Colour"});
+  Messages();
+  nothing("the number goes to no field");
   Map({u"Absolute Number --> Alias"});
   EXPECT_EQ(Click(), "") << "a package is selected, no element";
 
   const orim::Element element = repository.ElementByID(ElementOf(u"R1"));
-  element.SetField(u"Alias", u"");
-  element.Save();
-  nothing("the element has lost its number");
+  for (const char16_t* number : {u"", u"1~2"}) {
+    element.SetField(u"Alias", number);
+    element.Save();
+    nothing("the element has lost its number");
+  }
 
   SaveLinkFile(platform, Guid(), u"/P/Gone");
   EXPECT_EQ(Locate(u"R2"), "") << "the module is gone";

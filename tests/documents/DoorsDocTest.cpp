@@ -76,18 +76,6 @@ TEST_F(DoorsDocTest, ReadsObjectsIntoTheTable) {
     for (std::size_t c = 0; c < 7; ++c) EXPECT_EQ(table.At(row, c), expected[row][c]) << row << ", " << c;
 }
 
-TEST_F(DoorsDocTest, NumbersSiblingsUnderEachParent) {
-  const auto object = [](const std::string& id, const std::string& parent) {
-    return "<Object><a1>" + id + "</a1>" + (parent.empty() ? "" : "<a10>" + parent + "</a10>") + "</Object>";
-  };
-  const DataTable& table =
-      Load(Export("<Objects>" + object("A", "") + object("B", "") + object("B1", "B") + object("B11", "B1") +
-                  object("B2", "B") + object("C", "") + "</Objects>"));
-  const int expected[] = {0, 10, 20, 10, 10, 20, 30};
-  for (std::size_t row = 1; row <= 6; ++row)
-    EXPECT_EQ(table.At(row, column::kPosition), expected[row]) << row;
-}
-
 TEST_F(DoorsDocTest, FindsAttributesWhateverTheirNames) {
   const std::vector<Text> names = {u"say \"hi\" to 'me'", u"a [b] --> c", u"]", u"<&>", u"Object Text"};
   for (const Text& name : names) doc.AddField(name);
@@ -98,11 +86,6 @@ TEST_F(DoorsDocTest, FindsAttributesWhateverTheirNames) {
   for (std::size_t i = 0; i < 4; ++i)
     EXPECT_EQ(table.At(1, 5 + i), ToText(static_cast<int>(i) + 1)) << ToUtf8(names[i]);
   EXPECT_EQ(table.At(1, 9), u"own text") << "of two attributes with one name the first is meant";
-}
-
-TEST_F(DoorsDocTest, AnExportWithoutObjectsHasNoRows) {
-  EXPECT_EQ(Load(Export("")).UpperRow(), 0u);
-  EXPECT_EQ(Load(Export("<Objects/>")).UpperRow(), 0u);
 }
 
 TEST_F(DoorsDocTest, ControlCharactersAreCleanedAwayOnce) {
@@ -117,7 +100,8 @@ TEST_F(DoorsDocTest, ControlCharactersAreCleanedAwayOnce) {
 }
 
 TEST_F(DoorsDocTest, WhatStaysMalformedIsReportedInSixLines) {
-  const auto failure = LoadFailure("<DoorsModule>\n<Attributes>\n</DoorsModule>");
+  // The tags that do not match stand in one line: parsers differ in which of the two they name.
+  const auto failure = LoadFailure("<DoorsModule>\n<Attributes>\n<Attribute></Name></DoorsModule>");
   EXPECT_EQ(failure.Number, DoorsDoc::kBadExport);
   EXPECT_EQ(failure.Source, u"DoorsDoc.Load");
   const auto lines = Split(failure.Description, kCrLf);
@@ -131,31 +115,23 @@ TEST_F(DoorsDocTest, WhatStaysMalformedIsReportedInSixLines) {
 
 TEST_F(DoorsDocTest, WhatIsNoExportChangesNothing) {
   options.AddMapping(u"Mood --> (Tagged Value)");
-  options.Save();
   const auto rules = options.Rules;
-  const Text report = u"Can't read XML (" + path + u")";
-  for (const char* xml :
-       {"<html/>", "<DoorsModule/>", "<DoorsModule><Attributes/><Objects/></DoorsModule>"}) {
+  for (const std::string& xml :
+       {std::string("<html/>"), std::string("<DoorsModule/>"),
+        std::string("<DoorsModule><Attributes/><Objects/></DoorsModule>"), Export("")}) {
     const auto failure = LoadFailure(xml);
     EXPECT_EQ(failure.Number, DoorsDoc::kBadExport) << xml;
-    EXPECT_EQ(failure.Description, report) << xml;
+    EXPECT_EQ(failure.Description, u"Can't read XML (" + path + u")") << xml;
     EXPECT_EQ(options.Rules, rules) << xml;
   }
   RemoveFile(path);
-  try {
-    doc.Load(path, options, platform, repository);
-    FAIL() << "there is no file";
-  } catch (const AutomationError& failure) {
-    EXPECT_EQ(failure.Description, report);
-  }
+  EXPECT_THROW(doc.Load(path, options, platform, repository), AutomationError);
 }
 
-TEST_F(DoorsDocTest, TakesOverTheAttributeListAndSavesIt) {
+TEST_F(DoorsDocTest, TakesOverTheAttributeListAndLeavesTheSavingToOthers) {
   Load(Export("<Objects/>", {"Mood"}));
   EXPECT_NE(options.FindAttribute(u"Mood"), 0u);
-  Options stored(doors);
-  ASSERT_TRUE(stored.Load(Package()));
-  EXPECT_EQ(stored.Rules, options.Rules);
+  EXPECT_FALSE(Options(doors).Load(Package()));
 }
 
 TEST_F(DoorsDocTest, AValueOf100Megabytes) {

@@ -77,35 +77,6 @@ TEST_F(FieldWriterTest, NotesThatAUserKeptBesideAShortValueStay) {
   EXPECT_EQ(Rationale().Notes(), u"mine");
 }
 
-TEST_F(FieldWriterTest, ParentsAreFoundInThePackageAndAmongTheNew) {
-  orim::Element second = AddElement(u"Second");
-  const orim::Element made = AddElement(u"Made");
-  const std::size_t made_row = index.AddCreated(u"R9", made.ElementID());
-  const auto parent_of = [&](const orim::Element& child) {
-    for (const auto& item : model.Tree(package_id))
-      if (item.Id == child.ElementID()) return item.ParentId;
-    return -1;
-  };
-  writer.Write(second, made_row + 1, column::kParent, u"R1");
-  EXPECT_EQ(parent_of(second), element.ElementID());
-  writer.Write(second, made_row + 1, column::kParent, u"R9");
-  EXPECT_EQ(parent_of(second), made.ElementID());
-  writer.Write(second, made_row + 1, column::kParent, Variant());
-  EXPECT_EQ(parent_of(second), 0);
-  EXPECT_TRUE(progress.lines.empty()) << "nothing is shown for an element of this import";
-}
-
-TEST_F(FieldWriterTest, TheLevelIsNeverWritten) {
-  model.Counters().Reset();
-  writer.Write(element, index.AddCreated(u"R2", element.ElementID()), column::kLevel, 3);
-  EXPECT_EQ(model.Counters().Writes(), 0);
-}
-
-TEST_F(FieldWriterTest, AChangeIsShownWithOldAndNew) {
-  writer.Write(element, 1, kTag + 1, u"Renamed");
-  EXPECT_EQ(progress.lines, std::vector<Text>{u"First | Name: First --> Renamed"});
-}
-
 TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
   const AutomationError refusal(0x80004005, u"host", u"The host says no");
   for (const auto moment : {HostFaults::Moment::kPut, HostFaults::Moment::kSave}) {

@@ -84,6 +84,7 @@ TEST_F(OrimDocTest, CoversThePackageAndItsTrashOnly) {
 }
 
 TEST_F(OrimDocTest, AnUnknownFieldIsNamed) {
+  AddElement(u"A", {{u"Object Identifier", u"R1"}});
   doc.AddField(u"Colour");
   const auto failure = LoadFailure();
   EXPECT_EQ(failure.Number, error::kBase + 1);

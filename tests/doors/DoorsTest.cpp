@@ -10,40 +10,29 @@ using testing::TestPlatform;
 using DoorsTest = testing::DoorsFixture;
 
 TEST_F(DoorsTest, TheWindowTellsTheState) {
+  const SimulatedWindow main{u"DOORSWindow", 0x04CF0000}, login{u"DOORSWindow", 0x04C80000},
+      hidden{u"DOORSWindow", 0x04CF0000, false};
   const struct {
-    const char* name;
     std::vector<SimulatedWindow> windows;
     DoorsState state;
     WindowHandle window;
   } cases[] = {
-      {"no window at all", {}, DoorsState::kNotRunning, 0},
-      {"windows of others",
-       {{u"OtherWindow", 0x04CF0000}, {u"doorswindow", 0x04CF0000}},
-       DoorsState::kNotRunning,
-       0},
-      {"start-up screen", {{u"DOORSWindow", 0x94000000}}, DoorsState::kStarting, 1},
-      {"login dialog", {{u"DOORSWindow", 0x04C80000}}, DoorsState::kLogin, 1},
-      {"hidden", {{u"DOORSWindow", 0x04CF0000, false}}, DoorsState::kPassword, 0},
-      {"main window, with bits outside of the mask", {{u"DOORSWindow", 0x54CF00FF}}, DoorsState::kReady, 1},
-      {"a scroll bar within the mask", {{u"DOORSWindow", 0x04EF0000}}, DoorsState::kNotRunning, 1},
-      {"the last visible one decides",
-       {{u"DOORSWindow", 0x04CF0000}, {u"DOORSWindow", 0x04C80000}, {u"DOORSWindow", 0x04CF0000, false}},
-       DoorsState::kLogin,
-       2},
+      {{}, DoorsState::kNotRunning, 0},
+      {{{u"OtherWindow", 0x04CF0000}, {u"doorswindow", 0x04CF0000}}, DoorsState::kNotRunning, 0},
+      {{{u"DOORSWindow", 0x94000000}}, DoorsState::kStarting, 1},
+      {{login}, DoorsState::kLogin, 1},
+      {{hidden}, DoorsState::kPassword, 0},
+      {{{u"DOORSWindow", 0x54CF00FF}}, DoorsState::kReady, 1},       // bits outside of the mask
+      {{{u"DOORSWindow", 0x04EF0000}}, DoorsState::kNotRunning, 1},  // a scroll bar, within the mask
+      {{main, login, hidden}, DoorsState::kLogin, 2},                // the last visible one decides
   };
   for (const auto& each : cases) {
     TestPlatform machine;
     for (const auto& window : each.windows) machine.desktop.AddWindow(window);
     WindowHandle found = 99;
-    EXPECT_EQ(frmConnectProgress(machine.platform).CurrentDoorsState(found), each.state) << each.name;
-    EXPECT_EQ(found, each.window) << each.name;
+    EXPECT_EQ(frmConnectProgress(machine.platform).CurrentDoorsState(found), each.state);
+    EXPECT_EQ(found, each.window);
   }
-}
-
-TEST_F(DoorsTest, NoDialogWhenDoorsIsReady) {
-  OpenMainWindow();
-  EXPECT_TRUE(doors.EnsureDoors());
-  EXPECT_TRUE(doors.DoorsApp);
 }
 
 TEST_F(DoorsTest, WaitsThroughStartUpAndLogin) {
@@ -84,7 +73,7 @@ TEST_F(DoorsTest, CancelLeavesNoConnectionEvenWhereThereWasOne) {
 TEST_F(DoorsTest, AScriptWithoutParametersLeavesTheResultSlotAlone) {
   OpenMainWindow();
   ASSERT_TRUE(doors.EnsureDoors());
-  application->Answer = u"answer";
+  application->AnswerInstead = u"answer";
   EXPECT_EQ(doors.RunScript(dxl_script::kListModules), u"answer");
   EXPECT_TRUE(application->Parameters.empty());
   EXPECT_EQ(doors.RunScript(dxl_script::kListViews, u"/P/M"), u"answer");

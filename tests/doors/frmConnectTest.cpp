@@ -15,13 +15,14 @@ struct ConnectTest : DoorsFixture {
     return frmConnect(doors).ShowIt();
   }
   void List(Text answer) {
-    application->Answer = std::move(answer);
+    application->AnswerInstead = std::move(answer);
     desktop.Tick();
   }
 };
 
 TEST_F(ConnectTest, ListsModulesAndFollowsTheirChanges) {
   Connect([&](frmConnect& form) {
+    EXPECT_FALSE(form.cmdOK.Enabled()) << "nothing is listed yet";
     List(u"/P/A\n  \n/P/B \n\n/P/C\n");
     EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/B", u"/P/C"}));
     EXPECT_EQ(form.lstModules.SelectedText(), u"/P/A") << "the first one, at the first filling";
@@ -35,63 +36,40 @@ TEST_F(ConnectTest, ListsModulesAndFollowsTheirChanges) {
     EXPECT_FALSE(form.cmdOK.Enabled());
     List(u"/P/E\n");
     EXPECT_TRUE(form.cmdOK.Enabled());
-    form.cmdCancel.Press();
-  });
-}
-
-TEST_F(ConnectTest, EveryWayToChooseOrNot) {
-  const struct {
-    const char* name;
-    std::function<void(frmConnect&)> user;
-    Text chosen;
-  } cases[] = {
-      {"OK",
-       [](frmConnect& form) {
-         form.lstModules.ClickItem(1);
-         form.cmdOK.Press();
-       },
-       u"/P/B"},
-      {"double click", [](frmConnect& form) { form.lstModules.DoubleClickItem(1); }, u"/P/B"},
-      {"Cancel", [](frmConnect& form) { form.cmdCancel.Press(); }, u""},
-      {"the close box", [](frmConnect& form) { form.CloseByUser(); }, u""},
-      {"by hand, as typed",
-       [this](frmConnect& form) {
-         desktop.OnInput(u" /Q/Z ");
-         form.cmdManual.Press();
-       },
-       u" /Q/Z "},
-      {"by hand, empty, then OK",
-       [this](frmConnect& form) {
-         desktop.OnInput(u"");
-         form.cmdManual.Press();
-         desktop.OnInput(std::nullopt);
-         form.cmdManual.Press();
-         form.cmdOK.Press();
-       },
-       u"/P/A"},
-  };
-  application->Answer = u"/P/A\n/P/B\n";
-  for (const auto& each : cases) {
-    EXPECT_EQ(Connect([&](frmConnect& form) {
-                desktop.Tick();
-                each.user(form);
-              }),
-              each.chosen)
-        << each.name;
-  }
-}
-
-TEST_F(ConnectTest, HelpOpensTheDialogsOwnTopic) {
-  Connect([](frmConnect& form) {
     form.cmdHelp.Press();
     form.cmdCancel.Press();
   });
   EXPECT_EQ(desktop.HelpShown(), std::vector<int>{5740});
 }
 
+TEST_F(ConnectTest, EveryWayToChooseOrNot) {
+  using Form = frmConnect;
+  const auto type = [this](Form& form, std::optional<Text> path) {
+    desktop.OnInput(std::move(path));
+    form.cmdManual.Press();
+  };
+  const struct {
+    std::function<void(Form&)> user;
+    Text chosen;
+  } cases[] = {
+      {[](Form& form) { form.lstModules.ClickItem(1), form.cmdOK.Press(); }, u"/P/B"},
+      {[](Form& form) { form.lstModules.DoubleClickItem(1); }, u"/P/B"},
+      {[](Form& form) { form.cmdCancel.Press(); }, u""},
+      {[](Form& form) { form.CloseByUser(); }, u""},
+      {[&](Form& form) { type(form, u" /Q/Z "); }, u" /Q/Z "},
+      {[&](Form& form) { type(form, u""), type(form, std::nullopt), form.cmdOK.Press(); }, u"/P/A"},
+  };
+  for (const auto& each : cases) {
+    const Text chosen = Connect([&](Form& form) {
+      desktop.Tick();
+      each.user(form);
+    });
+    EXPECT_EQ(chosen, each.chosen) << &each - cases;
+  }
+}
+
 TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
   int depth = 0;
-  application->Answer = u"/P/A\n/P/B\n";
   Connect([&](frmConnect& form) {
     application->WhileRunning = [&] {
       EXPECT_EQ(++depth, 1);
@@ -108,7 +86,6 @@ TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
 }
 
 TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
-  application->Answer = u"/P/A\n";
   const Text chosen = Connect([&](frmConnect& form) {
     application->WhileRunning = [&] { form.cmdCancel.Press(); };
     desktop.Tick();
@@ -120,7 +97,6 @@ TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
 }
 
 struct LostConnectionTest : ConnectTest {
-  LostConnectionTest() { application->Answer = u"/P/A\n/P/B\n"; }
   /// DOORS dies: what is asked of it fails, and its window is gone.
   void Die() {
     application->Failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
@@ -128,9 +104,7 @@ struct LostConnectionTest : ConnectTest {
   }
   /// Another DOORS comes up.
   void Restart() {
-    application = std::make_shared<testing::FakeDoors>();
-    application->Answer = u"/P/B\n/P/C\n";
-    objects.objects[u"Doors.Application"] = application->AsObject();
+    StartDoors(u"/P/B\n/P/C\n");
     desktop.WindowAt(1) = {u"DOORSWindow", kMainWindow};
   }
   void ExpectToldOnce() { desktop.OnMessage(FormatResText(text::kDoorsFailure)); }

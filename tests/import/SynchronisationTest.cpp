@@ -6,74 +6,56 @@ namespace {
 using testing::ImportFixture;
 using workbench::HostFaults;
 
+using testing::ExportedObject;
+
 struct SynchronisationTest : ImportFixture {
   SynchronisationTest() { StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)"}); }
-  void SetObjects(std::vector<testing::ExportedObject> exported) {
-    application->OwnAttributes = {"Mood"};
-    application->Objects = std::move(exported);
-  }
   Text MoodOf(const Text& identifier) const {
     const auto mood = ElementOf(identifier).TaggedValues().Find(u"Mood");
     return mood ? mood.Value() : u"(none)";
   }
 };
 
-const testing::ExportedObject kA = {{"a0", "1"}, {"a1", "A"}, {"a9", "Alpha"}, {"a12", "calm"}};
-const testing::ExportedObject kB = {{"a0", "2"}, {"a1", "B"}, {"a9", "Beta"}, {"a10", "A"}};
-const testing::ExportedObject kC = {{"a0", "3"}, {"a1", "C"}, {"a9", "Gamma"}, {"a10", "B"}};
-
-TEST_F(SynchronisationTest, TheTreeFollowsTheModule) {
-  SetObjects({kA, kB, kC, {{"a1", "D"}, {"a9", "Delta"}}});
-  Import();
-  EXPECT_EQ(Tree(), "[A] Alpha\n  [B] Beta\n    [C] Gamma\n[D] Delta\nTrash Can\n");
-  EXPECT_EQ(MoodOf(u"A"), u"calm");
-  SetObjects({{{"a1", "D"}, {"a9", "Delta"}},
-              {{"a1", "C"}, {"a9", "Gamma"}, {"a10", "D"}},
-              kA,
-              {{"a1", "B"}, {"a9", "Beta"}}});
-  Import();
-  EXPECT_EQ(Tree(), "[D] Delta\n  [C] Gamma\n[A] Alpha\n[B] Beta\nTrash Can\n");
-  SetObjects({{{"a1", "C"}, {"a9", "Gamma"}}, {{"a1", "D"}, {"a9", "Delta"}, {"a10", "C"}}, kA, kB});
-  Import();
-  EXPECT_EQ(Tree(), "[C] Gamma\n  [D] Delta\n[A] Alpha\n  [B] Beta\nTrash Can\n")
-      << "parent and child change places";
+/// Its heading is "n" and the identifier.
+ExportedObject Exported(const Text& identifier, const Text& parent = u"", const Text& mood = u"calm") {
+  return {{"a0", u"7"}, {"a1", identifier}, {"a9", u"n" + identifier}, {"a10", parent}, {"a12", mood}};
 }
 
-TEST_F(SynchronisationTest, WhatLeavesTheModuleGoesToTheTrashAndComesBack) {
-  SetObjects({kA, kB, kC});
+bool HasLine(const std::vector<Text>& lines, const Text& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+TEST_F(SynchronisationTest, ParentAndChildMayChangePlaces) {
+  application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
   Import();
-  SetObjects({kA, {{"a1", "C"}, {"a9", "Gamma"}, {"a10", "A"}}});
+  EXPECT_EQ(Tree(), "[A] nA\n  [B] nB\n    [C] nC\nTrash Can\n");
+  application->Objects = {Exported(u"B"), Exported(u"A", u"B"), Exported(u"C", u"A")};
+  Import();
+  EXPECT_EQ(Tree(), "[B] nB\n  [A] nA\n    [C] nC\nTrash Can\n");
+}
+
+TEST_F(SynchronisationTest, ShowsWhatGoesToTheTrashAndComesBack) {
+  application->Objects = {Exported(u"A")};
+  Import();
+  application->Objects.clear();
   NextMessage(
       u"1 item(s) no longer appear in the DOORS module and their corresponding Orim entries\r\nhave been "
-      u"moved to the "
-      u"'Trash Can' package.");
-  const auto archived = Import();
-  EXPECT_NE(std::find(archived.begin(), archived.end(), u"   Beta: Archived"), archived.end());
-  EXPECT_EQ(Tree(), "[A] Alpha\n  [C] Gamma\nTrash Can\n  [B] Beta\n");
-  const auto again = Import();
-  EXPECT_EQ(std::find(again.begin(), again.end(), u"   Beta: Archived"), again.end()) << "reported once";
-  SetObjects({kA, kB, kC});
+      u"moved to the 'Trash Can' package.");
+  EXPECT_TRUE(HasLine(Import(), u"   nA: Archived"));
+  EXPECT_FALSE(HasLine(Import(), u"   nA: Archived")) << "reported once";
+  application->Objects = {Exported(u"A")};
   NextMessage(u"1 item(s) restored from the 'Trash Can' package.");
-  const auto restored = Import();
-  EXPECT_NE(std::find(restored.begin(), restored.end(), u"   Beta: Restored"), restored.end());
-  EXPECT_EQ(Tree(), "[A] Alpha\n  [B] Beta\n    [C] Gamma\nTrash Can\n");
+  EXPECT_TRUE(HasLine(Import(), u"   nA: Restored"));
 }
 
 TEST_F(SynchronisationTest, ASecondImportWritesNothingAndAsksNoMoreForALargerModule) {
   const auto calls_of_a_second_import = [&](int count) {
-    std::vector<testing::ExportedObject> exported;
-    for (int i = 1; i <= count; ++i) {
-      const std::string id = std::to_string(i);
-      exported.push_back(
-          {{"a0", id}, {"a1", "R" + id}, {"a9", "H" + id}, {"a12", std::string(i % 3 ? 5 : 300, 'x')}});
-      if (i % 4) exported.back().push_back({"a10", "R" + std::to_string(i - i % 4 ? i - i % 4 : 1)});
-    }
-    exported[0].pop_back();
-    SetObjects(exported);
+    application->Objects.clear();
+    for (int i = 1; i <= count; ++i)
+      application->Objects.push_back(
+          Exported(ToText(i), i % 4 < 2 ? u"" : ToText(i - i % 4 + 1), Text(i % 3 ? 5 : 300, u'x')));
     Import();
-    model.Counters().Reset();
-    Import();
-    EXPECT_EQ(model.Counters().Writes(), 0) << count;
+    EXPECT_EQ(WritesOfAnImport(), 0) << count;
     return model.Counters().Calls();
   };
   const auto few = calls_of_a_second_import(10);
@@ -81,43 +63,19 @@ TEST_F(SynchronisationTest, ASecondImportWritesNothingAndAsksNoMoreForALargerMod
 }
 
 TEST_F(SynchronisationTest, OnlyWhatDiffersIsWrittenAndShown) {
-  SetObjects({kA, kB});
+  application->Objects = {Exported(u"A"), Exported(u"B", u"A")};
   Import();
-  SetObjects({{{"a0", "1"}, {"a1", "A"}, {"a9", "Alpha"}, {"a12", "merry"}}, kB});
+  application->Objects[0] = Exported(u"A", u"", u"merry");
   model.Counters().Reset();
-  const auto lines = Import();
+  EXPECT_TRUE(HasLine(Import(), u"   nA: ... Mood: calm --> merry"));
   EXPECT_EQ(model.Counters().Writes(), 1);
-  EXPECT_NE(std::find(lines.begin(), lines.end(), u"   Alpha: ... Mood: calm --> merry"), lines.end());
   EXPECT_EQ(MoodOf(u"A"), u"merry");
-}
-
-TEST_F(SynchronisationTest, AValueThatIsGoneIsEmptied) {
-  SetObjects({kA});
-  Import();
-  SetObjects({{{"a1", "A"}, {"a9", "Alpha"}}});
-  Import();
-  EXPECT_EQ(MoodOf(u"A"), u"");
-  model.Counters().Reset();
-  Import();
-  EXPECT_EQ(model.Counters().Writes(), 0);
-}
-
-TEST_F(SynchronisationTest, RichTextIsConvertedBeforeItIsCompared) {
-  StoreRules({u"Object Heading --> Name", u"Object Text --> Notes"});
-  SetObjects({{{"a1", "A"}, {"a4", "{\\rtf1 plain \\b bold\\b0\\par}"}},
-              {{"a1", "B"}, {"a4", "{\\b bold} as it is"}}});
-  Import();
-  EXPECT_EQ(ElementOf(u"A").Field(u"Notes"), u"plain <b>bold</b>");
-  EXPECT_EQ(ElementOf(u"B").Field(u"Notes"), u"{\\b bold} as it is");
-  model.Counters().Reset();
-  Import();
-  EXPECT_EQ(model.Counters().Writes(), 0);
 }
 
 TEST_F(SynchronisationTest, TwoElementsWithOneIdentifierEndTheImportBeforeAnythingChanges) {
   const auto first = AddElement(u"First", {{u"Object Identifier", u"A"}});
   const auto second = AddElement(u"Second", {{u"Object Identifier", u"A"}});
-  SetObjects({kB});
+  application->Objects = {Exported(u"B")};
   NextMessage(u"The Object Identifier 'A' is carried by two elements, 'First' (id " +
               ToText(first.ElementID()) + u") and 'Second' (id " + ToText(second.ElementID()) +
               u"). Remove the tagged value from one of them and import again.\r\n(Error Code: -2146827831)");
@@ -125,71 +83,89 @@ TEST_F(SynchronisationTest, TwoElementsWithOneIdentifierEndTheImportBeforeAnythi
   EXPECT_EQ(Tree(), "[A] First\n[A] Second\nTrash Can\n");
 }
 
+TEST_F(SynchronisationTest, AnElementWithTwoIdentifiersEndsTheImportToo) {
+  const auto element = AddElement(u"Both", {{u"Object Identifier", u"A"}});
+  element.TaggedValues().AddNew(u"Object Identifier", u"B").Save();
+  application->Objects = {Exported(u"A")};
+  const Text both = u"'Both' (id " + ToText(element.ElementID()) + u")";
+  NextMessage(u"The Object Identifier 'B' is carried by two elements, " + both + u" and " + both +
+              u". Remove the tagged value from one of them and import again.\r\n(Error Code: -2146827831)");
+  Import();
+  EXPECT_EQ(Tree(), "[A] [B] Both\nTrash Can\n");
+}
+
+TEST_F(SynchronisationTest, ATaggedValueMayFillTwoColumns) {
+  StoreRules({u"Object Identifier --> (Tagged Value)"});
+  application->Objects = {Exported(u"A")};
+  Import();
+  EXPECT_EQ(WritesOfAnImport(), 0);
+}
+
+TEST_F(SynchronisationTest, AfterAnIdentifierThatWasRefusedNoMoreElementsAreMade) {
+  application->Objects = {Exported(u"A"), Exported(u"B"), Exported(u"C")};
+  model.Faults().FailTaggedValue(u"Object Identifier", HostFaults::Moment::kSave,
+                                 {0x80040300, u"Orim", u"no"});
+  NextMessage(FormatResText(text::kExcludeQuestion, {u"Object Identifier"}), Answer::kNo);
+  const auto lines = Import();
+  EXPECT_TRUE(HasLine(lines, u"ERROR: no"));
+  for (const char16_t* identifier : {u"B", u"C"})
+    EXPECT_TRUE(HasLine(lines, Text(u"Warning: No element was made for '") + identifier +
+                                   u"': its Object Identifier could not be stored."));
+}
+
 TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
-  const auto object = [](const std::string& id, const std::string& parent) {
-    return testing::ExportedObject{{"a0", "7"}, {"a1", id}, {"a9", "n" + id}, {"a10", parent}};
-  };
   const struct {
-    const char* name;
-    std::vector<testing::ExportedObject> exported;
+    std::vector<ExportedObject> exported;
     std::vector<Text> warnings;
     const char* tree;
   } cases[] = {
-      {"its own parent",
-       {object("A", "A"), object("B", "A")},
-       {u"'A' is its own ancestor"},
-       "[A] nA\n  [B] nB\n"},
-      {"a circle, met from below",
-       {object("A", "B"), object("B", "C"), object("C", "B"), object("D", "")},
+      {{Exported(u"A", u"A"), Exported(u"B", u"A")}, {u"'A' is its own ancestor"}, "[A] nA\n  [B] nB\n"},
+      {{Exported(u"A", u"B"), Exported(u"B", u"C"), Exported(u"C", u"B"), Exported(u"D")},
        {u"'B' is its own ancestor"},
        "[B] nB\n  [A] nA\n  [C] nC\n[D] nD\n"},
-      {"a parent that is not there",
-       {object("A", ""), object("B", "X"), object("C", "B")},
-       {u"The parent 'X' of 'B' is not in the module"},
-       "[A] nA\n[B] nB\n  [C] nC\n"},
-      {"no identifier, and one twice",
-       {object("A", ""), object("", ""), object("A", ""), object("", "")},
+      {{Exported(u"A"), Exported(u"B", u"X"), Exported(u"C", u"B")}, {}, "[A] nA\n[B] nB\n  [C] nC\n"},
+      {{Exported(u"A"), Exported(u""), Exported(u"A"), Exported(u"")},
        {u"The Object Identifier 'A' stands twice", u"The object with the absolute number 7 has no",
         u"The object with the absolute number 7 has no"},
        "[A] nA\n"},
   };
   for (const auto& each : cases) {
-    TestHost host;
-    SetObjects(each.exported);
-    repository = host.repository;
-    std::swap(model, host.model);
-    repository.CreateOutputTab(u"DOORS");
+    SCOPED_TRACE(each.tree);
+    package_id = model.AddPackage(0, u"Another");
+    model.SelectPackage(package_id);
     SaveLinkFile(platform, Guid(), u"/P/M");
     StoreRules({u"Object Heading --> Name"});
+    application->Objects = each.exported;
     std::vector<Text> warnings;
     for (const Text& line : Import())
       if (line.starts_with(u"Warning: ")) warnings.push_back(line.substr(9));
     std::sort(warnings.begin(), warnings.end());
-    ASSERT_EQ(warnings.size(), each.warnings.size()) << each.name;
+    ASSERT_EQ(warnings.size(), each.warnings.size());
     for (std::size_t i = 0; i < warnings.size(); ++i)
-      EXPECT_TRUE(warnings[i].starts_with(each.warnings[i])) << each.name << ": " << ToUtf8(warnings[i]);
-    EXPECT_EQ(Tree(), std::string(each.tree) + "Trash Can\n") << each.name;
-    model.Counters().Reset();
-    Import();
-    EXPECT_EQ(model.Counters().Writes(), 0) << each.name;
+      EXPECT_TRUE(warnings[i].starts_with(each.warnings[i])) << ToUtf8(warnings[i]);
+    EXPECT_EQ(Tree(), std::string(each.tree) + "Trash Can\n");
+    EXPECT_EQ(WritesOfAnImport(), 0);
   }
 }
 
+Text ExcludeQuestion(const Text& fields) {
+  return u"There was an error importing the following attribute(s): \r\n\r\n   " + fields +
+         u"\r\n\r\nExclude them from future imports?\r\n";
+}
+
 TEST_F(SynchronisationTest, AFailedAttributeMayBeExcluded) {
-  const Text question =
-      u"There was an error importing the following attribute(s): \r\n\r\n   Status, Mood\r\n\r\nExclude them "
-      u"from "
-      u"future imports?\r\n";
   StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)", u"Created By --> Status"});
   const AutomationError refusal(0x80004005, u"host", u"no");
   model.Faults().FailTaggedValue(u"Mood", HostFaults::Moment::kSave, refusal);
   model.Faults().FailElementField(u"Status", HostFaults::Moment::kSave, refusal);
-  SetObjects({{{"a1", "A"}, {"a6", "Ann"}, {"a12", "calm"}}, {{"a1", "B"}, {"a6", "Bob"}, {"a12", "calm"}}});
-  application->Objects[0].push_back({"a9", "Alpha"});
-  NextMessage(question, Answer::kNo);
+  for (const Text identifier : {u"A", u"B"}) {
+    application->Objects.push_back(Exported(identifier));
+    application->Objects.back().push_back({"a6", u"Ann"});
+  }
+  NextMessage(ExcludeQuestion(u"Status, Mood"), Answer::kNo);
   const auto lines = Import();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), u"ERROR: no"), 2) << "each is tried once";
-  NextMessage(question, Answer::kYes);
+  NextMessage(ExcludeQuestion(u"Status, Mood"), Answer::kYes);
   Import();
   Options options(doors);
   ASSERT_TRUE(options.Load(Package()));
@@ -200,12 +176,8 @@ TEST_F(SynchronisationTest, AFailedAttributeMayBeExcluded) {
 }
 
 TEST_F(SynchronisationTest, ANameThatTheHostRefusesIsTheFailureOfItsField) {
-  SetObjects({{{"a1", "A"}, {"a9", std::string(300, 'x')}, {"a12", "calm"}}});
-  NextMessage(
-      u"There was an error importing the following attribute(s): \r\n\r\n   Name\r\n\r\nExclude them from "
-      u"future "
-      u"imports?\r\n",
-      Answer::kNo);
+  application->Objects = {{{"a1", u"A"}, {"a9", Text(300, u'x')}, {"a12", u"calm"}}};
+  NextMessage(ExcludeQuestion(u"Name"), Answer::kNo);
   Import();
   EXPECT_EQ(Tree(), "[A] A\nTrash Can\n");
   EXPECT_EQ(MoodOf(u"A"), u"calm");

@@ -7,60 +7,43 @@ namespace kestrune {
 namespace {
 
 struct RuleCase {
-  const char* name;
   Text line;
   MappingRule expected;
   Text written = line;
 };
 
-template <typename Case>
-std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
-  return info.param.name;
-}
+const RuleCase kRules[] = {
+    {u"Status", {u"Status"}},
+    {u" Status ", {u" Status "}},  // a bare one is taken untrimmed
+    {u"Mass [kg]", {u"Mass [kg]"}},
+    {u"From-->To", {u"From-->To"}},
+    {u"Status --> Priority", {u"Status", u"", u"", u"Priority"}},
+    {u"Created By --> (Tagged Value)", {u"Created By", u"", u"", u"(Tagged Value)"}},
+    {u"  A -->B ", {u"A", u"", u"", u"B"}, u"A --> B"},
+    {u"A -->", {u"A"}, u"A"},
+    {u"A --> B --> C", {u"A", u"", u"", u"B --> C"}},  // the first arrow counts
+    {u"A [: B] --> Name", {u"A", u"B", u":", u"Name"}},
+    {u"A [: B] --> ", {u"A", u"B", u":", u""}},
+    {u"A[: B] --> Name", {u"A", u"B", u":", u"Name"}, u"A [: B] --> Name"},
+    {u"A [ B] --> Name", {u"A", u"B", u"", u"Name"}},
+    {u"A [  B] --> Name", {u"A", u"B", u"", u"Name"}, u"A [ B] --> Name"},
+    {u"A [- : B] --> Name", {u"A", u": B", u"-", u"Name"}},  // a separator ends at its first blank
+    {u"A [[ B] --> Name", {u"A", u"B", u"[", u"Name"}},
+    {u"A [: Mass [kg]] --> Name", {u"A", u"Mass [kg]", u":", u"Name"}},
+    {u"A [: ] --> Name", {u"A", u"", u"", u"Name"}, u"A --> Name"},
+    {u"Größe [· 名前] --> Notes", {u"Größe", u"名前", u"·", u"Notes"}},
+};
 
-class ReadRule : public ::testing::TestWithParam<RuleCase> {};
-
-TEST_P(ReadRule, ReadsAndWritesBack) {
-  EXPECT_EQ(ParseRule(GetParam().line), GetParam().expected);
-  EXPECT_EQ(RuleText(GetParam().expected), GetParam().written);
-  EXPECT_EQ(ParseRule(GetParam().written), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    RuleText, ReadRule,
-    ::testing::Values(
-        RuleCase{"Bare", u"Status", {u"Status"}},
-        RuleCase{"BareIsTakenUntrimmed", u" Status ", {u" Status "}},
-        RuleCase{"BareWithBrackets", u"Mass [kg]", {u"Mass [kg]"}},
-        RuleCase{"BareWithAnArrowOfItsOwn", u"From-->To", {u"From-->To"}},
-        RuleCase{"Mapped", u"Status --> Priority", {u"Status", u"", u"", u"Priority"}},
-        RuleCase{"Tagged", u"Created By --> (Tagged Value)", {u"Created By", u"", u"", u"(Tagged Value)"}},
-        RuleCase{"NoBlankAfterTheArrow", u"  A -->B ", {u"A", u"", u"", u"B"}, u"A --> B"},
-        RuleCase{"NoTargetAfterTheArrow", u"A -->", {u"A"}, u"A"},
-        RuleCase{"FirstArrowCounts", u"A --> B --> C", {u"A", u"", u"", u"B --> C"}},
-        RuleCase{"Combined",
-                 u"Object Number [: Object Heading] --> Name",
-                 {u"Object Number", u"Object Heading", u":", u"Name"}},
-        RuleCase{"CombinedWithoutTarget", u"A [: B] --> ", {u"A", u"B", u":", u""}},
-        RuleCase{
-            "NoBlankBeforeTheBracket", u"A[: B] --> Name", {u"A", u"B", u":", u"Name"}, u"A [: B] --> Name"},
-        RuleCase{"EmptySeparator", u"A [ B] --> Name", {u"A", u"B", u"", u"Name"}},
-        RuleCase{"BlankSeparatorReadsBackEmpty",
-                 u"A [  B] --> Name",
-                 {u"A", u"B", u"", u"Name"},
-                 u"A [ B] --> Name"},
-        RuleCase{"SeparatorEndsAtItsFirstBlank", u"A [- : B] --> Name", {u"A", u": B", u"-", u"Name"}},
-        RuleCase{"BracketAsSeparator", u"A [[ B] --> Name", {u"A", u"B", u"[", u"Name"}},
-        RuleCase{"SecondNameWithBrackets", u"A [: Mass [kg]] --> Name", {u"A", u"Mass [kg]", u":", u"Name"}},
-        RuleCase{"SeparatorOfNothing", u"A [: ] --> Name", {u"A", u"", u"", u"Name"}, u"A --> Name"},
-        RuleCase{"Unicode", u"Größe [· 名前] --> Notes", {u"Größe", u"名前", u"·", u"Notes"}}),
-    NameOf<RuleCase>);
-
-TEST(ReadRule, ABlankLineIsNoRule) {
+TEST(RuleText, ReadsAndWritesBack) {
+  for (const RuleCase& each : kRules) {
+    EXPECT_EQ(ParseRule(each.line), each.expected) << ToUtf8(each.line);
+    EXPECT_EQ(RuleText(each.expected), each.written) << ToUtf8(each.line);
+    EXPECT_EQ(ParseRule(each.written), each.expected) << ToUtf8(each.line);
+  }
   for (const TextView line : {u"", u"  ", u"\t\r\n"}) EXPECT_EQ(ParseRule(line), std::nullopt);
 }
 
-TEST(ReadRule, RefusesAMalformedLineByName) {
+TEST(RuleText, RefusesAMalformedLineByName) {
   for (const TextView line :
        {u"A [B] --> Name", u"A [:B] --> Name", u"Mass [kg] --> Name", u"A [: B --> Name",
         u"A [: B]  --> Name", u"A [ --> Name", u"A [: B] x --> Name", u"A --> Name [x]", u" --> Name",
@@ -75,31 +58,22 @@ TEST(ReadRule, RefusesAMalformedLineByName) {
   }
 }
 
-struct ReadsBackCase {
-  const char* name;
-  MappingRule rule;
-  bool expected;
-};
-
-class RuleReadsBack : public ::testing::TestWithParam<ReadsBackCase> {};
-
-TEST_P(RuleReadsBack, IsKnownBeforehand) {
-  EXPECT_EQ(ReadsBack(GetParam().rule), GetParam().expected);
+TEST(RuleText, ThatDoesNotReadBackIsKnownBeforehand) {
+  const std::pair<MappingRule, bool> cases[] = {
+      {{u"x [y]"}, true},
+      {{u"x [y]", u"", u"", u"Name"}, false},
+      {{u"x [y z]", u"", u"", u"Name"}, false},  // looks like a combined one
+      {{u"A --> B"}, false},
+      {{u"A", u"B --> C", u":", u"Name"}, false},
+      {{u"A\r\nB"}, false},
+      {{u"A "}, false},
+      {{}, false},
+      {{u"A", u"B", u"- -", u"Name"}, false},
+      {{u"A", u"B [kg]", u":", u"Name"}, true},
+      {{u"A", u"B", u":", u""}, true},
+  };
+  for (const auto& [rule, expected] : cases) EXPECT_EQ(ReadsBack(rule), expected) << ToUtf8(RuleText(rule));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    PeculiarNames, RuleReadsBack,
-    ::testing::Values(ReadsBackCase{"BareBrackets", {u"x [y]"}, true},
-                      ReadsBackCase{"MappedBrackets", {u"x [y]", u"", u"", u"Name"}, false},
-                      ReadsBackCase{"MappedBracketsThatLookCombined", {u"x [y z]", u"", u"", u"Name"}, false},
-                      ReadsBackCase{"BareArrow", {u"A --> B"}, false},
-                      ReadsBackCase{"ArrowInSecond", {u"A", u"B --> C", u":", u"Name"}, false},
-                      ReadsBackCase{"LineBreak", {u"A\r\nB"}, false},
-                      ReadsBackCase{"BlankAtTheEnd", {u"A "}, false}, ReadsBackCase{"Empty", {}, false},
-                      ReadsBackCase{"BlankInSeparator", {u"A", u"B", u"- -", u"Name"}, false},
-                      ReadsBackCase{"SecondNameWithBrackets", {u"A", u"B [kg]", u":", u"Name"}, true},
-                      ReadsBackCase{"CombinedWithoutTarget", {u"A", u"B", u":", u""}, true}),
-    NameOf<ReadsBackCase>);
 
 }  // namespace
 }  // namespace kestrune

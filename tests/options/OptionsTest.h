@@ -4,8 +4,8 @@
 
 #include "common/Utilities.h"
 #include "options/Options.h"
-#include "tests/options/SimulatedDoors.h"
 #include "tests/options/SimulatedPackage.h"
+#include "tests/support/SimulatedDoors.h"
 #include "tests/support/TestPlatform.h"
 
 namespace kestrune::testing {
@@ -18,13 +18,12 @@ inline Text Joined(const Lines& lines) {
   return text;
 }
 
-inline constexpr std::uint32_t kDoorsMainWindow = 0x04CF0000;
-
 class OptionsTest : public ::testing::Test, public TestPlatform {
  protected:
   OptionsTest() {
-    desktop.AddWindow({.ClassName = u"DOORSWindow", .Style = kDoorsMainWindow});
-    objects.objects[u"Doors.Application"] = Object(app);
+    app->Module = u"/Demo/Requirements";
+    desktop.AddWindow({u"DOORSWindow", 0x04CF0000});
+    objects.objects[u"Doors.Application"] = app->AsObject();
     SaveLinkFile(platform, model.Guid, app->Module);
   }
 

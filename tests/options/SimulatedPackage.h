@@ -119,23 +119,7 @@ class SimulatedTags : public PackageObject<SimulatedTags> {
   }
 };
 
-class SimulatedElement : public PackageObject<SimulatedElement> {
- public:
-  static constexpr const char16_t* kClassName = u"Element";
-  using PackageObject::PackageObject;
-  static const Members& Table() {
-    static const Members table = {
-        {u"Locked", {.Get = [](SimulatedElement& element) { return Variant(element.model_.Locked); }}},
-        {u"TaggedValues",
-         {.Get =
-              [](SimulatedElement& element) {
-                return Object(std::make_shared<SimulatedTags>(element.model_));
-              }}},
-    };
-    return table;
-  }
-};
-
+/// The package and its element in one.
 class SimulatedPackage : public PackageObject<SimulatedPackage> {
  public:
   static constexpr const char16_t* kClassName = u"Package";
@@ -144,10 +128,12 @@ class SimulatedPackage : public PackageObject<SimulatedPackage> {
     static const Members table = {
         {u"Name", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Name); }}},
         {u"PackageGuid", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Guid); }}},
-        {u"Element",
+        {u"Element", {.Get = [](SimulatedPackage& package) { return package.AsObject(); }}},
+        {u"Locked", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Locked); }}},
+        {u"TaggedValues",
          {.Get =
               [](SimulatedPackage& package) {
-                return Object(std::make_shared<SimulatedElement>(package.model_));
+                return Object(std::make_shared<SimulatedTags>(package.model_));
               }}},
     };
     return table;

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <map>
-#include <stdlib.h>
+#include <random>
 
 #include "platform/Platform.h"
 #include "platform/headless/FixedFolders.h"
@@ -16,9 +16,10 @@ namespace kestrune::testing {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "kestrune-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    path_ = name;
+    std::random_device random;
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("kestrune-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
   }
   ~TempFolder() { std::filesystem::remove_all(path_); }
   TempFolder(const TempFolder&) = delete;
