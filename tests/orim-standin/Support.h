@@ -1,47 +1,28 @@
-// What the tests of the stand-in host share: a model in memory with a package in it, and how failures are
-// looked at.
+// What the tests of the stand-in host share: a model in memory with a package in it.
 #pragma once
 
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <unistd.h>
 
+#include "platform/Files.h"
+#include "tests/support/FailureOf.h"
+#include "tests/support/TestPlatform.h"
 #include "workbench/orim/OrimModel.h"
 
 namespace kestrune::workbench {
 
-/// The description of the AutomationError that `action` throws; "" when it throws nothing.
-template <typename Action>
-std::string FailureOf(Action action) {
-  try {
-    action();
-    return "";
-  } catch (const AutomationError& e) {
-    return ToUtf8(e.Description);
-  }
+using kestrune::testing::FailureOf;
+using kestrune::testing::TempFolder;
+
+inline std::filesystem::path operator/(const TempFolder& folder, TextView name) {
+  return ToPath(folder.File(name));
 }
 
-/// A folder of the test's own that goes with it.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "orim-standin-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-  }
-  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+inline void PutAndSave(const Object& object, const char16_t* member, Variant value) {
+  object.Put(member, std::move(value));
+  object.Call(u"Save");
+}
 
-  std::filesystem::path operator/(const char* name) const { return path_ / name; }
-  std::ptrdiff_t FileCount() const {
-    return std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator());
-  }
-
- private:
-  std::filesystem::path path_;
-};
-
-class ModelTest : public testing::Test {
+class ModelTest : public ::testing::Test {
  protected:
   Object Package() const { return repository.Call(u"PackageByID", {package_id}).ToObject(); }
   Object ElementOf(std::int32_t id) const { return repository.Call(u"ElementByID", {id}).ToObject(); }
@@ -51,14 +32,16 @@ class ModelTest : public testing::Test {
     element.Call(u"Save");
     return element;
   }
-  std::int32_t AddElementId(const char16_t* name) { return AddElement(name).Get(u"ElementID").ToInt(); }
+  static std::int32_t IdOf(const Object& element) { return element.Get(u"ElementID").ToInt(); }
 
   static Object TaggedValues(const Object& element) { return element.Get(u"TaggedValues").ToObject(); }
-  static Object NewTaggedValue(const Object& element, Variant name, Variant value) {
-    return TaggedValues(element).Call(u"AddNew", {std::move(name), std::move(value)}).ToObject();
+  static Object AddTaggedValue(const Object& element, Variant name, Variant value) {
+    Object tag = TaggedValues(element).Call(u"AddNew", {std::move(name), std::move(value)}).ToObject();
+    tag.Call(u"Save");
+    return tag;
   }
-  static void AddTaggedValue(const Object& element, Variant name, Variant value) {
-    NewTaggedValue(element, std::move(name), std::move(value)).Call(u"Save");
+  static Text StoredValue(const Object& element, const char16_t* tag) {
+    return TaggedValues(element).Call(u"GetByName", {tag}).ToObject().Get(u"Value").ToText();
   }
 
   OrimModel model = OrimModel::Create(":memory:");
