@@ -4,13 +4,14 @@ set(KESTRUNE_STANDARD_HEADERS <algorithm> <filesystem> <functional> <map> <memor
 
 # kestrune_room(DIR [LIBRARY...]): a static library of all sources below DIR/, linked to LIBRARY... Its name is kestrune-
 # and DIR with hyphens. On Windows it takes what lies in folders named win32 in place of what is named after the libraries
-# of the native build (platform/headless/Xml*). addin/com belongs to Kestrune.dll, main.cpp to a program.
+# of the native build (platform/headless/Xml*), and nothing of what reads exchange files. addin/com belongs to
+# Kestrune.dll, main.cpp to a program.
 function(kestrune_room dir)
   string(REPLACE "/" "-" name ${dir})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${dir}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/com/|/main\\.cpp$")
   if(WIN32)
-    list(FILTER sources EXCLUDE REGEX "/headless/Xml")
+    list(FILTER sources EXCLUDE REGEX "/headless/Xml|/doors/reqif/|/doors/LoadReqif")
   else()
     list(FILTER sources EXCLUDE REGEX "/win32/")
   endif()
@@ -44,7 +45,7 @@ function(kestrune_tests dir)
   else()
     target_precompile_headers(${name}-tests REUSE_FROM house-tests)
   endif()
-  gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 600)
+  gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES TEST_PREFIX "${name}." PROPERTIES TIMEOUT 600)
 endfunction()
 
 # The add-in's rooms, from the ground to the top floor; each may use those above it in this list. ARGN: what the platform
@@ -59,4 +60,14 @@ macro(kestrune_add_in_rooms)
   kestrune_room(import kestrune-documents)
   kestrune_room(addin kestrune-import)
   target_compile_definitions(kestrune-addin PRIVATE KESTRUNE_VERSION="${PROJECT_VERSION}")
+endmacro()
+
+# The rooms of the stand-ins. ARGN: what reading exchange files takes.
+macro(kestrune_stand_in_rooms)
+  kestrune_room(workbench/sqlite kestrune-platform SQLite::SQLite3)
+  kestrune_room(workbench/dxl kestrune-platform)
+  kestrune_room(workbench/doors kestrune-workbench-dxl kestrune-workbench-sqlite ${ARGN})
+  kestrune_room(workbench/orim kestrune-workbench-sqlite)
+  kestrune_room(workbench/play kestrune-platform)
+  kestrune_room(workbench/stage kestrune-common kestrune-workbench-doors kestrune-workbench-orim kestrune-workbench-play)
 endmacro()

@@ -14,6 +14,7 @@
 #include "tests/workbench/Attendant.h"
 #include "tests/workbench/DoorsModule.h"
 #include "workbench/doors/DoorsStandIn.h"
+#include "workbench/doors/SimulatedDoorsWindows.h"
 #include "workbench/doors/xml/DomDocument.h"
 
 namespace kestrune::testing {
@@ -74,7 +75,8 @@ class EndToEnd : public TestHost, private ObjectFactory {
   Attendant desktop;
   FixedFolders folders{folder.Path()};
   workbench::DoorsDatabase database = workbench::DoorsDatabase::Create(":memory:");
-  workbench::DoorsStandIn doors{database, folders.Temp(), *this, &desktop};
+  workbench::DoorsStandIn doors{database, folders.Temp(), *this,
+                                std::make_unique<workbench::SimulatedDoorsWindows>(desktop)};
   Platform platform{desktop, folders, *this};
   OrimDoors add_in{platform};
 

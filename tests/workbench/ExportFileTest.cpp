@@ -49,23 +49,18 @@ class ExportFile : public ScriptBench {
 };
 
 TEST_F(ExportFile, ListsTheFixedAttributesAndThenTheModulesOwn) {
+  const DoorsModule bare(database, u"Bare");
+  const XmlDocument without_any = Export(bare.Path() + u"~0~~");
+  EXPECT_EQ(AttributeNames(without_any), kFixedAttributes);
+  EXPECT_TRUE(without_any.SelectSingleNode(u"/DoorsModule/Objects"));
+  EXPECT_EQ(Objects(without_any), "");
+
   auto names = kFixedAttributes;
   names.insert(names.end(), {u"Status", u"Text with \"quotes\" & <signs>"});
   EXPECT_EQ(AttributeNames(Export(u"/P/M~0~~")), names);
-}
-
-TEST_F(ExportFile, OfAModuleWithoutAttributesOfItsOwnListsTwelve) {
-  const DoorsModule bare(database, u"Bare");
-  const XmlDocument document = Export(bare.Path() + u"~0~~");
-  EXPECT_EQ(AttributeNames(document), kFixedAttributes);
-  EXPECT_TRUE(document.SelectSingleNode(u"/DoorsModule/Objects"));
-  EXPECT_EQ(Objects(document), "");
-}
-
-TEST_F(ExportFile, OfTheAttributesAloneHasNoObjects) {
-  const XmlDocument document = Export(u"/P/M~1~~");
-  EXPECT_EQ(AttributeNames(document).size(), 14u);
-  EXPECT_FALSE(document.SelectSingleNode(u"/DoorsModule/Objects"));
+  const XmlDocument attributes_only = Export(u"/P/M~1~~");
+  EXPECT_EQ(AttributeNames(attributes_only), names);
+  EXPECT_FALSE(attributes_only.SelectSingleNode(u"/DoorsModule/Objects"));
 }
 
 TEST_F(ExportFile, LeavesOutWhatIsDeletedOrUnreadableWhateverTheWindowShows) {

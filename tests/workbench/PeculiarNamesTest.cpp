@@ -71,31 +71,24 @@ TEST_F(PeculiarNames, OfViewsAreFound) {
 }
 
 // "~" stands between the parameters of a script.
-TEST_F(PeculiarNames, OfModulesWithATildeAreRefusedInWords) {
-  DoorsModule module(setup.database, u"A~B");
+TEST_F(PeculiarNames, WithATildeAreRefusedInWords) {
+  DoorsModule module(setup.database, u"M"), tilde(setup.database, u"A~B");
   module.AddObject(1, 0, 1);
-  setup.Link(module.Path());
-  const ImportRun run = setup.Import();
-  EXPECT_FALSE(run.completed);
-  ASSERT_EQ(run.messages.size(), 1u);
-  EXPECT_NE(run.messages[0].find(u"\"/P/A~B\" holds a \"~\""), Text::npos) << ToUtf8(run.messages[0]);
-  EXPECT_EQ(run.writes, 0);
-  EXPECT_TRUE(ReadPackage(setup, {}).empty());
-}
-
-TEST_F(PeculiarNames, OfViewsWithATildeAreRefusedInWords) {
-  DoorsModule module(setup.database, u"M");
-  module.AddObject(1, 0, 1);
-  module.AddView(u"A~B", {});
+  module.AddView(u"C~D", {});
+  const auto expect_refusal = [this](TextView name) {
+    const ImportRun run = setup.Import();
+    EXPECT_FALSE(run.completed);
+    ASSERT_EQ(run.messages.size(), 1u);
+    EXPECT_NE(run.messages[0].find(Text(name) + u" holds a \"~\""), Text::npos) << ToUtf8(run.messages[0]);
+    EXPECT_EQ(run.writes, 0);
+  };
+  setup.Link(tilde.Path());
+  expect_refusal(u"\"/P/A~B\"");
   setup.Link(module.Path());
   EXPECT_TRUE(setup.Import().completed);
-  setup.view = u"A~B";
+  setup.view = u"C~D";
   setup.EditOptions();
-  const ImportRun run = setup.Import();
-  EXPECT_FALSE(run.completed);
-  ASSERT_EQ(run.messages.size(), 1u);
-  EXPECT_NE(run.messages[0].find(u"\"A~B\" holds a \"~\""), Text::npos) << ToUtf8(run.messages[0]);
-  EXPECT_EQ(run.writes, 0);
+  expect_refusal(u"\"C~D\"");
 }
 
 }  // namespace

@@ -21,24 +21,17 @@ Words With(Words words, const char* model, const char* doors, const char* packag
   return words;
 }
 
-struct BadCommand {
-  const char* name;
-  Words words;
-  const char* says;  // must be in the line
-};
-
 /// In the folder: a model "m.orim" with the linked package "Req" and the unlinked one "Loose", a DOORS
 /// database "d.doors", files that are neither, and a package whose module is gone.
-class BadCommands : public CommandLine, public ::testing::WithParamInterface<BadCommand> {
+class BadCommands : public CommandLine {
  protected:
   BadCommands() {
     Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--at", "/Demo", "--data",
         "@data"});
     Do({"new", "@m.orim", "--package", "Req", "--data", "@data"});
     Do({"new", "@loose.orim", "--package", "Loose", "--data", "@data"});
-    Do({"link", "--module", "/Demo/Specification Document", "--model", "@m.orim", "--doors", "@d.doors",
-        "--package", "Req", "--data", "@data"});
-    Do({"options", "--model", "@m.orim", "--doors", "@d.doors", "--package", "Req", "--data", "@data"});
+    Do(OnReq({"link", "--module", "/Demo/Specification Document", "--data", "@data"}));
+    Do(OnReq({"options", "--data", "@data"}));
     WriteFile(folder.File(u"text"), "no model, no database, no requirements");
     WriteFile(folder.File(u"empty"), "");
     WriteFile(folder.File(u"other.xml"), "<other/>");
@@ -46,105 +39,100 @@ class BadCommands : public CommandLine, public ::testing::WithParamInterface<Bad
     workbench::DoorsDatabase::Create(ToPath(folder.File(u"bare.doors")));
     // The selection is part of the model.
     Run(OnLoose({"import", "--data", "@data"}));
+    files_ = Files();
   }
+
+  /// Runs the command, which fails, has these words in its error and changes no file.
+  Outcome Fail(Words words, const char* says) {
+    words.insert(words.end(), {"--data", "@data"});
+    const Outcome outcome = Run(words);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find(says), std::string::npos) << outcome.err;
+    EXPECT_TRUE(Files() == files_) << "files have changed";
+    return outcome;
+  }
+
+ private:
+  std::map<std::string, std::string> files_;
 };
 
-TEST_P(BadCommands, EndInOneLineAndWriteNothing) {
-  const auto before = Files();
-  Words words = GetParam().words;
-  if (!words.empty()) words.insert(words.end(), {"--data", "@data"});
-  const Outcome outcome = Run(words);
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
-  EXPECT_TRUE(outcome.err.ends_with('\n')) << outcome.err;
-  EXPECT_NE(outcome.err.find(GetParam().says), std::string::npos) << outcome.err;
-  EXPECT_TRUE(Files() == before) << "files have changed";
+TEST_F(BadCommands, EndInOneLineAndWriteNothing) {
+  const std::pair<Words, const char*> cases[] = {
+      {{"impart"}, "impart"},
+      {OnReq({"import", "--fast"}), "--fast"},
+      {{"tree"}, "--model"},
+      {{"doors", "modules"}, "--doors"},
+      {{"import", "--model", "@m.orim", "--doors", "@d.doors"}, "--package"},
+      {OnReq({"link"}), "--module"},
+      {OnReq({"import", "--yes", "--no"}), "--"},
+
+      {{"tree", "--model", "@none"}, "@none"},
+      {{"tree", "--model", "@text"}, "@text"},
+      {{"tree", "--model", "@empty"}, "@empty"},
+      {{"tree", "--model", "@d.doors"}, "@d.doors"},
+      {{"tree", "--model", "@data"}, "@data"},
+      {{"new", "@m.orim", "--package", "X"}, "@m.orim"},
+      {{"new", "@none/m.orim", "--package", "X"}, "@none/m.orim"},
+      {{"new", "@new.orim", "--package", ""}, "name"},
+      {{"doors", "modules", "--doors", "@none"}, "@none"},
+      {{"doors", "modules", "--doors", "@text"}, "@text"},
+      {{"doors", "modules", "--doors", "@m.orim"}, "@m.orim"},
+      {With({"import"}, "@none", "@d.doors", "Req"), "@none"},
+      {With({"import"}, "@m.orim", "@none", "Req"), "@none"},
+      {{"dxl", "@none", "--doors", "@d.doors"}, "@none"},
+      {{"doors", "load", "@none", "--doors", "@d.doors"}, "@none"},
+      {{"doors", "load", "@text", "--doors", "@d.doors"}, "@text"},
+      {{"doors", "load", "@other.xml", "--doors", "@d.doors"}, "@other.xml"},
+      {{"doors", "load", "@text", "--doors", "@new.doors"}, "@text"},
+      {{"doors", "load", "@text", "--doors", "@m.orim"}, "@m.orim"},
+      {OnReq({"options", "--template", "@none"}), "@none"},
+
+      {With({"import"}, "@m.orim", "@d.doors", "Nope"), "Nope"},
+      {OnReq({"link", "--module", "/Demo/Nope"}), "/Demo/Nope"},
+      {OnReq({"link", "--module", "/Demo"}), "/Demo"},
+      {{"doors", "views", "/Demo/Nope", "--doors", "@d.doors"}, "/Demo/Nope"},
+      {OnReq({"options", "--view", "Nope"}), "Nope"},
+      {OnReq({"locate", "Nope"}), "Nope"},
+      {OnLoose({"import"}), "not linked"},
+      {OnLoose({"export-check"}), "not linked"},
+      {OnLoose({"options"}), "not linked"},
+  };
+  for (const auto& [words, says] : cases) {
+    SCOPED_TRACE(::testing::PrintToString(words));
+    const Outcome outcome = Fail(words, says);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with('\n')) << outcome.err;
+  }
 }
 
-void PrintTo(const BadCommand& command, std::ostream* out) {
-  *out << command.name;
+TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
+  WriteFile(folder.File(u"text"), "no model, no database");
+  for (const Words& words :
+       {OnReq({"import"}), With({"import"}, "@text", "@text", "Req"),
+        Words{"doors", "modules", "--doors", "@text"}, Words{"dxl", "@none", "--doors", "@text"},
+        Words{"packages", "--model", "@none"}}) {
+    Words with_data = words;
+    with_data.insert(with_data.end(), {"--data", "@data"});
+    EXPECT_EQ(Run(with_data).status, 1);
+    EXPECT_FALSE(std::filesystem::exists(At("data"))) << ::testing::PrintToString(words);
+  }
 }
-
-std::string CaseName(const ::testing::TestParamInfo<BadCommand>& info) {
-  return info.param.name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Lines, BadCommands,
-                         ::testing::Values(BadCommand{"UnknownCommand", {"impart"}, "impart"},
-                                           BadCommand{"UnknownOption", OnReq({"import", "--fast"}), "--fast"},
-                                           BadCommand{"NoModelNamed", {"tree"}, "--model"},
-                                           BadCommand{"NoDoorsNamed", {"doors", "modules"}, "--doors"},
-                                           BadCommand{"NoPackageNamed",
-                                                      {"import", "--model", "@m.orim", "--doors", "@d.doors"},
-                                                      "--package"},
-                                           BadCommand{"NoModuleNamed", OnReq({"link"}), "--module"},
-                                           BadCommand{"YesAndNo", OnReq({"import", "--yes", "--no"}), "--"}),
-                         CaseName);
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, BadCommands,
-    ::testing::Values(
-        BadCommand{"ModelMissing", {"tree", "--model", "@none"}, "@none"},
-        BadCommand{"ModelIsText", {"tree", "--model", "@text"}, "@text"},
-        BadCommand{"ModelIsEmpty", {"tree", "--model", "@empty"}, "@empty"},
-        BadCommand{"ModelIsADoorsDatabase", {"tree", "--model", "@d.doors"}, "@d.doors"},
-        BadCommand{"ModelIsAFolder", {"tree", "--model", "@data"}, "@data"},
-        BadCommand{"ModelExists", {"new", "@m.orim", "--package", "X"}, "@m.orim"},
-        BadCommand{"ModelInNoFolder", {"new", "@none/m.orim", "--package", "X"}, "@none/m.orim"},
-        BadCommand{"ModelWithoutAPackage", {"new", "@new.orim", "--package", ""}, "name"},
-        BadCommand{"DoorsMissing", {"doors", "modules", "--doors", "@none"}, "@none"},
-        BadCommand{"DoorsIsText", {"doors", "modules", "--doors", "@text"}, "@text"},
-        BadCommand{"DoorsIsAModel", {"doors", "modules", "--doors", "@m.orim"}, "@m.orim"},
-        BadCommand{"ImportWithoutModel", With({"import"}, "@none", "@d.doors", "Req"), "@none"},
-        BadCommand{"ImportWithoutDoors", With({"import"}, "@m.orim", "@none", "Req"), "@none"},
-        BadCommand{"ScriptMissing", {"dxl", "@none", "--doors", "@d.doors"}, "@none"},
-        BadCommand{"LoadOfNoFile", {"doors", "load", "@none", "--doors", "@d.doors"}, "@none"},
-        BadCommand{"LoadOfText", {"doors", "load", "@text", "--doors", "@d.doors"}, "@text"},
-        BadCommand{"LoadOfOtherXml", {"doors", "load", "@other.xml", "--doors", "@d.doors"}, "@other.xml"},
-        BadCommand{"LoadIntoANewFile", {"doors", "load", "@text", "--doors", "@new.doors"}, "@text"},
-        BadCommand{"LoadIntoAModel", {"doors", "load", "@text", "--doors", "@m.orim"}, "@m.orim"},
-        BadCommand{"TemplateMissing", OnReq({"options", "--template", "@none"}), "@none"}),
-    CaseName);
-
-INSTANTIATE_TEST_SUITE_P(
-    Neighbours, BadCommands,
-    ::testing::Values(
-        BadCommand{"NoSuchPackage", With({"import"}, "@m.orim", "@d.doors", "Nope"), "Nope"},
-        BadCommand{"LinkToNoModule", OnReq({"link", "--module", "/Demo/Nope"}), "/Demo/Nope"},
-        BadCommand{"LinkToAFolder", OnReq({"link", "--module", "/Demo"}), "/Demo"},
-        BadCommand{"ViewsOfNoModule", {"doors", "views", "/Demo/Nope", "--doors", "@d.doors"}, "/Demo/Nope"},
-        BadCommand{"NoSuchView", OnReq({"options", "--view", "Nope"}), "Nope"},
-        BadCommand{"NoSuchElement", OnReq({"locate", "Nope"}), "Nope"},
-        BadCommand{"ImportUnlinked", OnLoose({"import"}), "not linked"},
-        BadCommand{"ExportCheckUnlinked", OnLoose({"export-check"}), "not linked"},
-        BadCommand{"OptionsUnlinked", OnLoose({"options"}), "not linked"}),
-    CaseName);
 
 // Where the add-in itself has something to say, its message box comes before the line.
-
-class MessageAndLine : public BadCommands {};
-
-TEST_P(MessageAndLine, AndNothingIsWritten) {
-  const auto before = Files();
-  Words words = GetParam().words;
-  words.insert(words.end(), {"--data", "@data"});
-  const Outcome outcome = Run(words);
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_TRUE(outcome.err.starts_with("[Kestrune Link] ")) << outcome.err;
-  EXPECT_NE(outcome.err.find(GetParam().says), std::string::npos) << outcome.err;
-  EXPECT_TRUE(Files() == before) << "files have changed";
+TEST_F(BadCommands, EndInAMessageAndALineAndWriteNothing) {
+  const std::pair<Words, const char*> cases[] = {
+      {OnReq({"unlink", "--no"}), "\nThe package stays as it was.\n"},
+      {With({"import"}, "@m.orim", "@bare.doors", "Req"), "Module '/Demo/Specification Document' not found."},
+      {OnReq({"options", "--template", "@text"}), "template"},
+      {OnReq({"options", "--template", "@template.txt"}), " --> Name"},
+  };
+  for (const auto& [words, says] : cases) {
+    SCOPED_TRACE(::testing::PrintToString(words));
+    const Outcome outcome = Fail(words, says);
+    EXPECT_TRUE(outcome.err.starts_with("[Kestrune Link] ")) << outcome.err;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    AddIn, MessageAndLine,
-    ::testing::Values(
-        BadCommand{"UnlinkDeclined", OnReq({"unlink", "--no"}), "\nThe package stays as it was.\n"},
-        BadCommand{"ImportOfAModuleThatIsGone", With({"import"}, "@m.orim", "@bare.doors", "Req"),
-                   "Module '/Demo/Specification Document' not found."},
-        BadCommand{"TemplateOfOtherText", OnReq({"options", "--template", "@text"}), "template"},
-        BadCommand{"TemplateWithABadLine", OnReq({"options", "--template", "@template.txt"}), " --> Name"}),
-    CaseName);
 
 }  // namespace
 }  // namespace kestrune

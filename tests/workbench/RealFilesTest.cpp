@@ -95,22 +95,6 @@ TEST_F(RealFile, EveryObjectThatIsThereBecomesAnElementInItsPlace) {
   }
 }
 
-TEST_F(RealFile, CellsLieBelowTheRowsOfTheirTable) {
-  const Text path = Load(u"doors-ch2-native.reqif")[0].path;
-  Link(path);
-  ImportTwice();
-  const PackageState package = InModel();
-  workbench::Statement cell = setup_.database.Sql().Prepare(
-      "SELECT c.absolute_number, r.absolute_number, t.absolute_number FROM object c JOIN object r ON r.id = "
-      "c.parent JOIN object t ON t.id = r.parent WHERE c.table_part = 'cell' AND t.table_part = 'table'");
-  int cells = 0;
-  for (; cell.Step(); ++cells) {
-    EXPECT_EQ(package.at(u"KIG_" + cell.GetText(0)).parent, u"KIG_" + cell.GetText(1));
-    EXPECT_EQ(package.at(u"KIG_" + cell.GetText(1)).parent, u"KIG_" + cell.GetText(2));
-  }
-  EXPECT_EQ(cells, 36);
-}
-
 TEST_F(RealFile, TheNextStateOfADocumentIsFollowedThereAndBack) {
   const Text path = Load(u"resync-a.reqif")[0].path;
   Link(path);

@@ -30,97 +30,70 @@ TEST_F(ScriptBench, TheListOfViewsComesInTheirOrder) {
 /// What the user has done before: a module that is open already.
 enum class Before { kNothing, kHidden, kDisplayed, kFiltered };
 
-struct RunCase {
-  const char* name;
-  int script;
-  Text parameter;
-  Before before;
-  Text answer;  // "(file)": the path of an export
-  const char* open_afterwards;
-};
+TEST_F(ScriptBench, EveryRunAnswersAndLeavesOpen) {
+  constexpr int kViews = dxl_script::kListViews, kExport = dxl_script::kExportModule,
+                kLocate = dxl_script::kLocateObject;
+  const Before nothing = Before::kNothing, hidden = Before::kHidden, displayed = Before::kDisplayed,
+               filtered = Before::kFiltered;
+  const auto no_module = [](TextView path) { return u"Error: Module '" + Text(path) + u"' not found."; };
+  const Text views = u"Open\nBroken\nAll\n", file = u"(file)", located;
+  const struct {
+    int script;
+    Text parameter;
+    Before before;
+    Text answer;
+    const char* open_afterwards;  // what comes after "/P/M "
+  } cases[] = {
+      {kViews, u"/P/N", nothing, no_module(u"/P/N"), ""},
+      {kViews, u"", nothing, no_module(u""), ""},
+      {kViews, u"/P", nothing, no_module(u"/P"), ""},
+      {kViews, u"/P/L", nothing, no_module(u"/P/L"), ""},
+      {kViews, u"/P/M", nothing, views, ""},
+      {kViews, u"/P/M", filtered, views, "displayed, Open, 0"},
 
-class ScriptRuns : public ScriptBench, public ::testing::WithParamInterface<RunCase> {};
+      {kExport, u"/P/N~0~~", nothing, no_module(u"/P/N"), ""},
+      {kExport, u"", nothing, no_module(u""), ""},
+      {kExport, u"/P/L~0~~", nothing, no_module(u"/P/L"), ""},
+      {kExport, u"/P/M~0~~", nothing, file, ""},
+      {kExport, u"/P/M~1~~", nothing, file, ""},
+      {kExport, u"/P/M~0~~", filtered, file, "displayed, Standard view, 0"},
+      {kExport, u"/P/M~0~~", hidden, file, "hidden, Standard view, 0"},
+      {kExport, u"/P/M~0~Open", nothing, file, "displayed, Open, 0"},
+      {kExport, u"/P/M~0~All", filtered, file, "displayed, All, 0"},
+      {kExport, u"/P/M~0~Standard view", filtered, file, "displayed, Standard view, 0"},
+      {kExport, u"/P/M~0~open", nothing, u"Error: View 'open' not available.", "displayed, Standard view, 0"},
+      {kExport, u"/P/M~0~None", filtered, u"Error: View 'None' not available.", "displayed, Open, 0"},
+      {kExport, u"/P/M~0~Broken", nothing, u"Error: Could not load view 'Broken'.",
+       "displayed, Standard view, 0"},
 
-TEST_P(ScriptRuns, AnswersAndLeavesOpen) {
-  const RunCase& c = GetParam();
+      {kLocate, u"/P/N~5~", nothing, no_module(u"/P/N"), ""},
+      {kLocate, u"/P/M~5~", nothing, located, "displayed, Standard view, 5"},
+      {kLocate, u"/P/M~5~", hidden, located, "displayed, Standard view, 5"},
+      {kLocate, u"/P/M~5~", filtered, located, "displayed, Open, 5"},
+      {kLocate, u"/P/M~5~Open", nothing, located, "displayed, Open, 5"},
+      {kLocate, u"/P/M~5~None", displayed, u"Error: View 'None' not available.", "displayed, All, 0"},
+      {kLocate, u"/P/M~5~Broken", displayed, u"Error: View 'Broken' not available.", "displayed, All, 0"},
+  };
   database.Sql().Exec(
       "INSERT INTO item (parent, type, name) SELECT id, 'Link', 'L' FROM item WHERE name = 'P'");
-  if (c.before != Before::kNothing)
-    doors.UserOpens(u"/P/M", c.before != Before::kHidden, c.before == Before::kFiltered ? u"Open" : u"All");
-  const Text answer = Answer(c.script, c.parameter);
-  if (c.answer == u"(file)")
-    EXPECT_TRUE(IsFile(answer)) << ToUtf8(answer);
-  else
-    EXPECT_EQ(answer, c.answer);
-  EXPECT_EQ(OpenModules(), c.open_afterwards);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    doors.UserClosesAll();
+    if (c.before != nothing)
+      doors.UserOpens(u"/P/M", c.before != hidden, c.before == filtered ? u"Open" : u"All");
+    const Text answer = Answer(c.script, c.parameter);
+    EXPECT_EQ(IsFile(answer) ? file : answer, c.answer);
+    EXPECT_EQ(OpenModules(), *c.open_afterwards ? std::string("/P/M ") + c.open_afterwards + "\n" : "");
+  }
 }
 
-constexpr int kViews = dxl_script::kListViews;
-constexpr int kExport = dxl_script::kExportModule;
-constexpr int kLocate = dxl_script::kLocateObject;
-constexpr const char* kNothingOpen = "";
-
-INSTANTIATE_TEST_SUITE_P(
-    Scripts, ScriptRuns,
-    ::testing::Values(
-        RunCase{"ViewsOfNoModule", kViews, u"/P/N", Before::kNothing, u"Error: Module '/P/N' not found.",
-                kNothingOpen},
-        RunCase{"ViewsOfNothing", kViews, u"", Before::kNothing, u"Error: Module '' not found.",
-                kNothingOpen},
-        RunCase{"ViewsOfAFolder", kViews, u"/P", Before::kNothing, u"Error: Module '/P' not found.",
-                kNothingOpen},
-        RunCase{"ViewsOfALinkModule", kViews, u"/P/L", Before::kNothing, u"Error: Module '/P/L' not found.",
-                kNothingOpen},
-        RunCase{"ViewsCloseWhatTheyOpened", kViews, u"/P/M", Before::kNothing, u"Open\nBroken\nAll\n",
-                kNothingOpen},
-        RunCase{"ViewsLeaveWhatWasOpen", kViews, u"/P/M", Before::kFiltered, u"Open\nBroken\nAll\n",
-                "/P/M displayed, Open, 0\n"},
-
-        RunCase{"ExportOfNoModule", kExport, u"/P/N~0~~", Before::kNothing,
-                u"Error: Module '/P/N' not found.", kNothingOpen},
-        RunCase{"ExportOfNothing", kExport, u"", Before::kNothing, u"Error: Module '' not found.",
-                kNothingOpen},
-        RunCase{"ExportOfALinkModule", kExport, u"/P/L~0~~", Before::kNothing,
-                u"Error: Module '/P/L' not found.", kNothingOpen},
-        RunCase{"ExportClosesWhatItOpened", kExport, u"/P/M~0~~", Before::kNothing, u"(file)", kNothingOpen},
-        RunCase{"ExportOfAttributesToo", kExport, u"/P/M~1~~", Before::kNothing, u"(file)", kNothingOpen},
-        RunCase{"ExportUsesWhatIsOpen", kExport, u"/P/M~0~~", Before::kFiltered, u"(file)",
-                "/P/M displayed, Standard view, 0\n"},
-        RunCase{"ExportUsesWhatIsOpenHidden", kExport, u"/P/M~0~~", Before::kHidden, u"(file)",
-                "/P/M hidden, Standard view, 0\n"},
-        RunCase{"ExportShowsTheView", kExport, u"/P/M~0~Open", Before::kNothing, u"(file)",
-                "/P/M displayed, Open, 0\n"},
-        RunCase{"ExportReplacesTheView", kExport, u"/P/M~0~All", Before::kFiltered, u"(file)",
-                "/P/M displayed, All, 0\n"},
-        RunCase{"ExportTakesTheStandardView", kExport, u"/P/M~0~Standard view", Before::kFiltered, u"(file)",
-                "/P/M displayed, Standard view, 0\n"},
-        RunCase{"ExportOfNoView", kExport, u"/P/M~0~open", Before::kNothing,
-                u"Error: View 'open' not available.", "/P/M displayed, Standard view, 0\n"},
-        RunCase{"ExportOfNoViewKeepsTheOldOne", kExport, u"/P/M~0~None", Before::kFiltered,
-                u"Error: View 'None' not available.", "/P/M displayed, Open, 0\n"},
-        RunCase{"ExportOfABrokenView", kExport, u"/P/M~0~Broken", Before::kNothing,
-                u"Error: Could not load view 'Broken'.", "/P/M displayed, Standard view, 0\n"},
-
-        RunCase{"LocateInNoModule", kLocate, u"/P/N~5~", Before::kNothing, u"Error: Module '/P/N' not found.",
-                kNothingOpen},
-        RunCase{"LocateOpens", kLocate, u"/P/M~5~", Before::kNothing, u"",
-                "/P/M displayed, Standard view, 5\n"},
-        RunCase{"LocateReopensDisplayed", kLocate, u"/P/M~5~", Before::kHidden, u"",
-                "/P/M displayed, Standard view, 5\n"},
-        RunCase{"LocateUsesTheWindow", kLocate, u"/P/M~5~", Before::kFiltered, u"",
-                "/P/M displayed, Open, 5\n"},
-        RunCase{"LocateInAView", kLocate, u"/P/M~5~Open", Before::kNothing, u"", "/P/M displayed, Open, 5\n"},
-        RunCase{"LocateInNoView", kLocate, u"/P/M~5~None", Before::kDisplayed,
-                u"Error: View 'None' not available.", "/P/M displayed, All, 0\n"},
-        RunCase{"LocateInABrokenView", kLocate, u"/P/M~5~Broken", Before::kDisplayed,
-                u"Error: View 'Broken' not available.", "/P/M displayed, All, 0\n"},
-        RunCase{"LocateNoObject", kLocate, u"/P/M~99~", Before::kNothing,
-                u"Error: Object ID '99' not found in DOORS Module.", "/P/M displayed, Standard view, 0\n"},
-        RunCase{"LocateNoNumber", kLocate, u"/P/M~R5~", Before::kNothing,
-                u"Error: Object ID 'R5' not found in DOORS Module.", "/P/M displayed, Standard view, 0\n"},
-        RunCase{"LocateNothing", kLocate, u"/P/M~~", Before::kNothing,
-                u"Error: Object ID '' not found in DOORS Module.", "/P/M displayed, Standard view, 0\n"}),
-    [](const auto& info) { return info.param.name; });
+TEST_F(ScriptBench, LocateNamesWhatItDoesNotFind) {
+  for (const Text id : {u"99", u"R5", u""}) {
+    EXPECT_EQ(Answer(dxl_script::kLocateObject, u"/P/M~" + id + u"~"),
+              u"Error: Object ID '" + id + u"' not found in DOORS Module.");
+    EXPECT_EQ(OpenModules(), "/P/M displayed, Standard view, 0\n");
+  }
+}
 
 TEST_F(ScriptBench, LocateScrollsToTheObjectAndAFailureLeavesTheSelection) {
   Answer(dxl_script::kLocateObject, u"/P/M~5~");

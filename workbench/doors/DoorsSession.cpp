@@ -14,13 +14,13 @@ std::shared_ptr<OpenModule> DoorsSession::FindOpen(ItemId module) const {
 std::shared_ptr<OpenModule> DoorsSession::OpenItem(const Item& item, bool is_displayed) {
   if (auto open = FindOpen(item.id)) return open;
   open_.push_back(std::make_shared<OpenModule>(database_, item, is_displayed));
-  if (is_displayed) open_.back()->window = windows_.Open();
+  if (is_displayed && windows_) open_.back()->window = windows_->Open();
   return open_.back();
 }
 
 void DoorsSession::Close(OpenModule& module) {
   module.is_open = false;
-  windows_.Close(module.window);
+  if (module.window) windows_->Close(module.window);
   if (current_module.get() == &module) current_module = nullptr;
   std::erase_if(open_, [&](const auto& open) { return open.get() == &module; });
 }

@@ -8,11 +8,15 @@ namespace kestrune::workbench {
 
 class DoorsSession {
  public:
-  DoorsSession(DoorsDatabase& database, Text temp_folder, HeadlessDesktop* desktop)
-      : database_(database), temp_folder_(std::move(temp_folder)), windows_(desktop) {}
+  /// `windows` is null where nobody looks.
+  DoorsSession(DoorsDatabase& database, Text temp_folder, std::unique_ptr<DoorsWindows> windows)
+      : database_(database), temp_folder_(std::move(temp_folder)), windows_(std::move(windows)) {}
 
   DoorsDatabase& Database() { return database_; }
-  DoorsWindows& Windows() { return windows_; }
+  /// Shows the main window as it looks in that state.
+  void ShowState(DoorsState state) {
+    if (windows_) windows_->Show(state);
+  }
 
   /// In the order in which they were opened.
   const std::vector<std::shared_ptr<OpenModule>>& Open() const { return open_; }
@@ -37,7 +41,7 @@ class DoorsSession {
  private:
   DoorsDatabase& database_;
   Text temp_folder_;
-  DoorsWindows windows_;
+  std::unique_ptr<DoorsWindows> windows_;
   std::vector<std::shared_ptr<OpenModule>> open_;
   int temp_names_ = 0;
 };

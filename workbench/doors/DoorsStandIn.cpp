@@ -21,12 +21,13 @@ struct EndOfRun {
 }  // namespace
 
 DoorsStandIn::DoorsStandIn(DoorsDatabase& database, Text temp_folder, ObjectFactory& objects,
-                           HeadlessDesktop* desktop)
-    : session_(database, std::move(temp_folder), desktop),
+                           std::unique_ptr<DoorsWindows> windows, DoorsState state)
+    : session_(database, std::move(temp_folder), std::move(windows)),
       perms_(library_, session_, objects),
+      state_(state),
       application_(std::make_shared<DoorsApplication>(*this)) {
   AddDoorsPerms(perms_);
-  session_.Windows().Show(state_);
+  session_.ShowState(state_);
 }
 
 DoorsStandIn::~DoorsStandIn() {
@@ -40,7 +41,7 @@ Object DoorsStandIn::Application() {
 void DoorsStandIn::SetState(DoorsState state) {
   if (state != DoorsState::kReady) session_.CloseAll();
   state_ = state;
-  session_.Windows().Show(state);
+  session_.ShowState(state);
 }
 
 void DoorsStandIn::Print(TextView text) {

@@ -26,10 +26,10 @@ struct OpenModuleState {
 
 class DoorsStandIn : private dxl::Host {
  public:
-  /// Ready at once. `objects` makes what scripts create, such as "MSXML2.DOMDocument"; `temp_folder` is where
-  /// they write; a desktop shows DOORS' windows.
+  /// `objects` makes what scripts create, such as "MSXML2.DOMDocument"; `temp_folder` is where
+  /// they write; `windows` shows what is seen of it.
   DoorsStandIn(DoorsDatabase& database, Text temp_folder, ObjectFactory& objects,
-               HeadlessDesktop* desktop = nullptr);
+               std::unique_ptr<DoorsWindows> windows = nullptr, DoorsState state = DoorsState::kReady);
   DoorsStandIn(const DoorsStandIn&) = delete;
   DoorsStandIn& operator=(const DoorsStandIn&) = delete;
   ~DoorsStandIn() override;
@@ -39,6 +39,8 @@ class DoorsStandIn : private dxl::Host {
   Object Application();
   /// In any state but ready no module is open.
   void SetState(DoorsState state);
+  /// The Result property.
+  Text Result() override { return result_; }
 
   /// Runs a script as RunStr does, with `parameter` in Result before it. The name is for its error messages.
   ScriptOutcome RunScript(const Text& script, Text parameter, const Text& name);
@@ -48,7 +50,13 @@ class DoorsStandIn : private dxl::Host {
   /// The next RunStr throws `failure` and runs nothing.
   void FailNextRun(AutomationError failure) { failure_ = std::move(failure); }
   /// The next RunStr is broken off when it comes to its n-th perm of the database or of automation (from 1).
-  void FailNextRunAt(int n, AutomationError failure) { perms_.FailAt(n, std::move(failure)); }
+  void FailNextRunAt(int n, AutomationError failure) {
+    InterruptNextRunAt(n, [failure = std::move(failure)] { throw AutomationError(failure); });
+  }
+  /// At that perm, `interrupt` is called, which may end the program.
+  void InterruptNextRunAt(int n, std::function<void()> interrupt) {
+    perms_.InterruptAt(n, std::move(interrupt));
+  }
 
   /// Paths of the formal modules that are not deleted.
   std::vector<Text> FormalModules();
@@ -64,7 +72,6 @@ class DoorsStandIn : private dxl::Host {
   friend class DoorsApplication;
 
   void Print(TextView text) override;
-  Text Result() override { return result_; }
   void SetResult(Text result) override { result_ = std::move(result); }
   Text TempFileName() override { return session_.NewTempName(); }
 
@@ -74,7 +81,7 @@ class DoorsStandIn : private dxl::Host {
   DoorsSession session_;
   dxl::Library library_;
   PermTable perms_;
-  DoorsState state_ = DoorsState::kReady;
+  DoorsState state_;
   Text result_;
   Text log_;
   std::optional<AutomationError> failure_;

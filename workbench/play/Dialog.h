@@ -20,6 +20,12 @@ struct Refusal : std::runtime_error {
   explicit Refusal(TextView why) : runtime_error(ToUtf8(why)) {}
 };
 
+/// What every dialog refuses, in the same words.
+void RequireReachable(const ControlState& state, const Text& control, const Text& dialog);
+[[noreturn]] void RefuseKind(const Text& control);
+/// The place of the row that begins with `line`.
+std::size_t PlaceOf(const Text& line, const ControlState& state, const Text& control);
+
 class Dialog {
  public:
   virtual ~Dialog() = default;

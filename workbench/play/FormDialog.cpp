@@ -26,17 +26,6 @@ std::vector<Text> SelectedIn(const ListView& table) {
   return selected;
 }
 
-std::size_t PlaceOf(const Rows& rows, const Text& wanted, const Text& control) {
-  const auto found = std::find_if(rows.begin(), rows.end(),
-                                  [&](const auto& row) { return !row.empty() && row.front() == wanted; });
-  if (found == rows.end()) throw Refusal(control + u" has no line " + Quoted(wanted));
-  return static_cast<std::size_t>(found - rows.begin());
-}
-
-[[noreturn]] void RefuseKind(const Text& control) {
-  throw Refusal(control + u" is not a control with which a user can do this");
-}
-
 }  // namespace
 
 void FormDialog::Do(const Statement& action) {
@@ -79,20 +68,15 @@ template <typename ControlClass>
 ControlClass& FormDialog::Reach(const Text& name) const {
   auto* control = dynamic_cast<ControlClass*>(&Find(name));
   if (!control) RefuseKind(name);
-  RequireReachable(*control);
+  RequireReachable(Look(name), name, name_);
   return *control;
-}
-
-void FormDialog::RequireReachable(const Control& control) const {
-  if (!control.Visible()) throw Refusal(control.Name() + u" of " + name_ + u" is hidden");
-  if (!control.Enabled()) throw Refusal(control.Name() + u" of " + name_ + u" is disabled");
 }
 
 void FormDialog::Select(const Statement& action) {
   Control& control = Reach<Control>(action.Names[0]);
   std::vector<std::size_t> places;
-  const Rows rows = Look(control.Name()).Rows;
-  for (const Text& text : action.Texts) places.push_back(PlaceOf(rows, text, control.Name()));
+  const ControlState state = Look(control.Name());
+  for (const Text& text : action.Texts) places.push_back(PlaceOf(text, state, control.Name()));
   if (auto* table = dynamic_cast<ListView*>(&control)) return table->SelectRows(places);
   if (places.size() > 1) throw Refusal(control.Name() + u" takes one line");
   if (auto* list = dynamic_cast<ListBox*>(&control)) return list->ClickItem(places.front());
@@ -102,7 +86,7 @@ void FormDialog::Select(const Statement& action) {
 
 void FormDialog::DoubleClick(const Statement& action) {
   Control& control = Reach<Control>(action.Names[0]);
-  const std::size_t place = PlaceOf(Look(control.Name()).Rows, action.Texts[0], control.Name());
+  const std::size_t place = PlaceOf(action.Texts[0], Look(control.Name()), control.Name());
   if (auto* table = dynamic_cast<ListView*>(&control)) return table->DoubleClickRow(place);
   if (auto* list = dynamic_cast<ListBox*>(&control)) return list->DoubleClickItem(place);
   RefuseKind(control.Name());

@@ -23,7 +23,6 @@ class FormDialog : public Dialog {
   /// The control, as one of that class that a user can reach.
   template <typename ControlClass>
   ControlClass& Reach(const Text& control) const;
-  void RequireReachable(const Control& control) const;
   void Select(const Statement& action);
   void DoubleClick(const Statement& action);
   void Type(const Statement& action);

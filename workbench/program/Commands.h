@@ -17,7 +17,6 @@ void RunDxl(const Settings& settings, const std::string& script, const std::stri
 // On a model
 void NewModel(const Settings& settings, const Terminal& terminal);
 void PrintTree(const Settings& settings, const Terminal& terminal);
-void PrintTree(const OrimModel& model, const Terminal& terminal);
 void ListLinkedPackages(const Settings& settings, const Terminal& terminal);
 
 // On both, through the add-in

@@ -57,12 +57,12 @@ void ListViews(const Settings& settings, const std::string& module, const Termin
 
 void RunDxl(const Settings& settings, const std::string& script, const std::string& parameter,
             const Terminal& terminal) {
-  DoorsMachine machine(settings);
   const Text source = FromUtf8(ReadFile(FromUtf8(script)));
+  DoorsMachine machine(settings);
   const auto outcome = machine.StandIn().RunScript(source, FromUtf8(parameter), FromUtf8(script));
   terminal.out << ToUtf8(outcome.output);
   if (outcome.errors.empty()) {
-    terminal.out << ToUtf8(outcome.result) << '\n';
+    if (!outcome.result.empty()) terminal.out << ToUtf8(outcome.result) << '\n';
     return;
   }
   Text report;

@@ -68,7 +68,7 @@ bool RunTransfer(Machine& machine, int item_id) {
   });
   machine.Desktop().UseForm<frmOptions>([](frmOptions& form) { form.cmdOK.Press(); });
   machine.Desktop().PrintLinesOf(u"List1");
-  machine.ClickMenu(item_id);
+  machine.Host().ClickMenu(item_id);
   return completed;
 }
 
@@ -86,20 +86,17 @@ void Link(const Settings& settings, const std::string& module, const Terminal& t
     form.lstModules.ClickItem(*at);
     form.cmdOK.Press();
   });
-  const PackageInfo& package = machine.Package();
-  if (machine.AddIn().Plexa_Connect(machine.Repository(), package.Id, package.Guid) == 0) {
+  if (!machine.Host().Connect()) {
     throw CommandError(is_listed ? Text(u"The package was not linked.")
                                  : u"DOORS has no formal module \"" + path + u"\".");
   }
-  terminal.out << ToUtf8(package.Name + u" is linked to " + path) << '\n';
+  terminal.out << ToUtf8(machine.Host().Package().Name + u" is linked to " + path) << '\n';
 }
 
 void Unlink(const Settings& settings, const Terminal& terminal) {
   Machine machine(settings, terminal);
-  const PackageInfo& package = machine.Package();
-  if (!machine.AddIn().Plexa_Disconnect(machine.Repository(), package.Guid))
-    throw CommandError(u"The package stays as it was.");
-  terminal.out << ToUtf8(package.Name) << " is not linked any more\n";
+  if (!machine.Host().Disconnect()) throw CommandError(u"The package stays as it was.");
+  terminal.out << ToUtf8(machine.Host().Package().Name) << " is not linked any more\n";
 }
 
 void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file,
@@ -111,13 +108,13 @@ void EditOptions(const Settings& settings, const std::string& view, const std::s
     if (!mapping_template.empty()) PasteTemplate(form, machine.Desktop(), mapping_template);
     form.cmdOK.Press();
   });
-  machine.ClickMenu(text::kMenuOptions);
+  machine.Host().ClickMenu(text::kMenuOptions);
   if (!print) return;
   machine.Desktop().UseForm<frmOptions>([&](frmOptions& form) {
     PrintOptions(form, terminal.out);
     form.cmdCancel.Press();
   });
-  machine.ClickMenu(text::kMenuOptions);
+  machine.Host().ClickMenu(text::kMenuOptions);
 }
 
 void Transfer(const Settings& settings, int item_id, const Terminal& terminal) {
@@ -128,7 +125,7 @@ void Transfer(const Settings& settings, int item_id, const Terminal& terminal) {
 void Locate(const Settings& settings, const std::string& element, const Terminal& terminal) {
   Machine machine(settings, terminal);
   const Text wanted = FromUtf8(element);
-  const auto items = machine.Model().Tree(machine.Package().Id);
+  const auto items = machine.Host().Model().Tree(machine.Host().Package().Id);
   const auto is_wanted = [&](const TreeItem& item) {
     const auto carries = [&](const TaggedValueRow& tag) {
       return tag.Name == u"Object Identifier" && tag.Value == wanted;
@@ -137,8 +134,8 @@ void Locate(const Settings& settings, const std::string& element, const Terminal
   };
   const auto found = std::find_if(items.begin(), items.end(), is_wanted);
   if (found == items.end()) throw CommandError(u"The package has no element \"" + wanted + u"\".");
-  machine.Model().SelectElement(found->Id);
-  machine.ClickMenu(text::kMenuLocate);
+  machine.Host().Model().SelectElement(found->Id);
+  machine.Host().ClickMenu(text::kMenuLocate);
   for (const OpenModuleState& module : machine.Doors().OpenModules()) {
     if (!module.is_displayed || module.scrolled_to == 0) continue;
     terminal.out << "DOORS shows " << ToUtf8(module.path) << ", object " << module.scrolled_to << '\n';

@@ -1,9 +1,10 @@
 #include "workbench/program/Machine.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "common/Resources.h"
+#include "workbench/doors/LoadReqif.h"
+#include "workbench/doors/SimulatedDoorsWindows.h"
 #include "workbench/doors/xml/DomDocument.h"
 
 namespace kestrune::workbench {
@@ -31,9 +32,10 @@ OrimModel OpenModel(const Settings& settings) {
 }
 
 DoorsMachine::DoorsMachine(const Settings& settings, HeadlessDesktop* desktop)
-    : folders_(FromUtf8(settings.data)),
-      database_(DoorsDatabase::Open(settings.doors)),
-      stand_in_(database_, folders_.Temp(), *this, desktop) {}
+    : database_(DoorsDatabase::Open(settings.doors)),
+      folders_(FromUtf8(settings.data)),
+      stand_in_(database_, folders_.Temp(), *this,
+                desktop ? std::make_unique<SimulatedDoorsWindows>(*desktop) : nullptr) {}
 
 Object DoorsMachine::Create(TextView prog_id) {
   if (prog_id == u"MSXML2.DOMDocument") return MakeDomDocument();
@@ -53,13 +55,9 @@ Machine::Machine(const Settings& settings, const Terminal& terminal)
 
 Machine::Machine(const Settings& settings, std::unique_ptr<ConsoleDesktop> desktop)
     : desktop_(std::move(desktop)),
-      model_(OpenModel(settings)),
-      package_(model_.FindPackage(FromUtf8(settings.package))),
+      host_(OpenModel(settings), FromUtf8(settings.package)),
       doors_(settings, desktop_.get()) {
-  model_.SelectPackage(package_.Id);
-  const orim::Repository repository = Repository();
-  if (add_in_.Orim_Connect(repository).empty()) throw CommandError(u"The add-in does not take this host.");
-  add_in_.Orim_OnPostInitialized(repository);
+  host_.Load(add_in_);
 }
 
 Object Machine::Create(TextView prog_id) {
@@ -67,30 +65,45 @@ Object Machine::Create(TextView prog_id) {
   throw AutomationError(error::kNoSuchClass, u"workbench", Text(u"There is no class ").append(prog_id));
 }
 
-void Machine::SelectPackage(TextView path_or_name) {
-  package_ = model_.FindPackage(path_or_name);
-  model_.SelectPackage(package_.Id);
+void Machine::SetState(DoorsState state) {
+  Doors().SetState(state);
 }
 
-void Machine::ClickMenu(int item_id) {
-  ClickMenu(LoadResText(item_id));
+void Machine::Load(const Text& file, const Text& folder) {
+  Doors().UserClosesAll();
+  LoadReqif(doors_.Database(), file, folder);
 }
 
-void Machine::ClickMenu(const Text& item) {
-  const Text menu = LoadResText(text::kMenuTop);
-  const auto items = add_in_.Orim_GetMenuItems(Repository(), u"", menu).ToTextArray();
-  const auto offers = [&items](const Text& label) {
-    return std::find(items.begin(), items.end(), label) != items.end();
-  };
-  const bool is_linked = offers(LoadResText(text::kMenuImport));
-  // "&Export" is never in the menu, and nevertheless a command of every linked package.
-  const bool is_export = item == LoadResText(text::kMenuExport);
-  if (!offers(item) && !(is_linked && is_export)) {
-    throw CommandError(is_linked
-                           ? u"The add-in's menu has no item \"" + item + u"\"."
-                           : u"The package \"" + package_.Name + u"\" is not linked to a DOORS module.");
-  }
-  add_in_.Orim_MenuClick(Repository(), menu, item);
+void Machine::AddView(const Text& module, const Text& name, const Text& attribute, const Text& value) {
+  AddViewTo(doors_.Database(), module, name, attribute, value);
+}
+
+Text DirectAddIn::Orim_Connect(const Object& repository) {
+  return add_in_.Orim_Connect(orim::Repository(repository));
+}
+
+void DirectAddIn::Orim_Disconnect() {
+  add_in_.Orim_Disconnect();
+}
+
+void DirectAddIn::Orim_OnPostInitialized(const Object& repository) {
+  add_in_.Orim_OnPostInitialized(orim::Repository(repository));
+}
+
+Variant DirectAddIn::Orim_GetMenuItems(const Object& repository, const Text& location, const Text& menu) {
+  return add_in_.Orim_GetMenuItems(orim::Repository(repository), location, menu);
+}
+
+void DirectAddIn::Orim_MenuClick(const Object& repository, const Text& menu, const Text& item) {
+  add_in_.Orim_MenuClick(orim::Repository(repository), menu, item);
+}
+
+bool DirectAddIn::Plexa_Connect(const Object& repository, std::int32_t package_id, const Text& guid) {
+  return add_in_.Plexa_Connect(orim::Repository(repository), package_id, guid) != 0;
+}
+
+bool DirectAddIn::Plexa_Disconnect(const Object& repository, const Text& guid) {
+  return add_in_.Plexa_Disconnect(orim::Repository(repository), guid);
 }
 
 }  // namespace kestrune::workbench

@@ -6,7 +6,8 @@
 #include "platform/headless/ConsoleDesktop.h"
 #include "platform/headless/FixedFolders.h"
 #include "workbench/doors/DoorsStandIn.h"
-#include "workbench/orim/OrimModel.h"
+#include "workbench/stage/Colleagues.h"
+#include "workbench/stage/HostSession.h"
 
 namespace kestrune::workbench {
 
@@ -28,11 +29,6 @@ struct Settings {
 /// The folder for the user's data where none is named: the platform's.
 std::string DefaultDataFolder();
 
-/// A command that cannot be carried out; the text is for the user, in one line.
-struct CommandError : std::runtime_error {
-  explicit CommandError(TextView what) : runtime_error(ToUtf8(what)) {}
-};
-
 /// A DOORS with its database, alone.
 class DoorsMachine : private ObjectFactory {
  public:
@@ -48,42 +44,51 @@ class DoorsMachine : private ObjectFactory {
   Object Create(TextView prog_id) override;
 
  private:
-  FixedFolders folders_;
   DoorsDatabase database_;
+  FixedFolders folders_;  // made once the database has opened: a wrong path leaves nothing behind
   DoorsStandIn stand_in_;
+};
+
+/// The add-in, called directly.
+class DirectAddIn : public AddInCallbacks {
+ public:
+  explicit DirectAddIn(const Platform& platform) : add_in_(platform) {}
+
+  Text Orim_Connect(const Object& repository) override;
+  void Orim_Disconnect() override;
+  void Orim_OnPostInitialized(const Object& repository) override;
+  Variant Orim_GetMenuItems(const Object& repository, const Text& location, const Text& menu) override;
+  void Orim_MenuClick(const Object& repository, const Text& menu, const Text& item) override;
+  bool Plexa_Connect(const Object& repository, std::int32_t package_id, const Text& guid) override;
+  bool Plexa_Disconnect(const Object& repository, const Text& guid) override;
+
+ private:
+  OrimDoors add_in_;
 };
 
 /// All of it, with the package of the settings selected in the host. Everything opens before anything is
 /// done: a path that is wrong changes nothing.
-class Machine : private ObjectFactory {
+class Machine : public Colleagues, private ObjectFactory {
  public:
   Machine(const Settings& settings, const Terminal& terminal);
   Machine(const Settings& settings, std::unique_ptr<ConsoleDesktop> desktop);
 
-  OrimModel& Model() { return model_; }
+  HostSession& Host() { return host_; }
   DoorsStandIn& Doors() { return doors_.StandIn(); }
-  DoorsDatabase& DoorsData() { return doors_.Database(); }
   ConsoleDesktop& Desktop() { return *desktop_; }
-  OrimDoors& AddIn() { return add_in_; }
-  orim::Repository Repository() const { return orim::Repository(model_.Repository()); }
-  const PackageInfo& Package() const { return package_; }
 
-  /// Selects a package in the host, by name or path.
-  void SelectPackage(TextView path_or_name);
-  /// Clicks an item of the add-in's menu, given as it stands there or by its text's id; throws CommandError
-  /// when the menu does not offer it, such as Import where the package is not linked.
-  void ClickMenu(const Text& item);
-  void ClickMenu(int item_id);
+  void SetState(DoorsState state) override;
+  void Load(const Text& file, const Text& folder) override;
+  void AddView(const Text& module, const Text& name, const Text& attribute, const Text& value) override;
 
  private:
   Object Create(TextView prog_id) override;
 
   std::unique_ptr<ConsoleDesktop> desktop_;
-  OrimModel model_;
-  PackageInfo package_;
+  HostSession host_;
   DoorsMachine doors_;
   Platform platform_{*desktop_, doors_.UserFolders(), *this};
-  OrimDoors add_in_{platform_};
+  DirectAddIn add_in_{platform_};
 };
 
 /// Opens the model alone.

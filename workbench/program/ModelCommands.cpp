@@ -2,38 +2,9 @@
 
 #include "common/Utilities.h"
 #include "workbench/program/Commands.h"
+#include "workbench/stage/PrintTree.h"
 
 namespace kestrune::workbench {
-
-namespace {
-
-constexpr std::size_t kGlimpse = 60;
-
-const TaggedValueRow* FindTag(const TreeItem& item, TextView name) {
-  for (const TaggedValueRow& tag : item.TaggedValues)
-    if (tag.Name == name) return &tag;
-  return nullptr;
-}
-
-/// The first line of the element's notes, cut to what fits beside a name.
-Text Glimpse(const orim::Element& element) {
-  const Text notes = element.Field(u"Notes");
-  const Text line = notes.substr(0, notes.find_first_of(u"\r\n"));
-  return line.size() == notes.size() && line.size() <= kGlimpse ? line : line.substr(0, kGlimpse) + u" ...";
-}
-
-void PrintItem(const TreeItem& item, const orim::Repository& repository, std::ostream& out) {
-  const bool is_package = item.Type == u"Package";
-  out << std::string(2 * (static_cast<std::size_t>(item.Depth) + 1), ' ') << ToUtf8(item.Name);
-  if (is_package) out << '/';
-  if (const TaggedValueRow* identifier = FindTag(item, u"Object Identifier"))
-    out << "  [" << ToUtf8(identifier->Value) << "]";
-  if (const Text notes = Glimpse(repository.ElementByID(item.Id)); !notes.empty())
-    out << "  " << ToUtf8(notes);
-  out << '\n';
-}
-
-}  // namespace
 
 void NewModel(const Settings& settings, const Terminal& terminal) {
   if (settings.package.empty()) throw CommandError(u"A package needs a name.");
@@ -43,16 +14,7 @@ void NewModel(const Settings& settings, const Terminal& terminal) {
 }
 
 void PrintTree(const Settings& settings, const Terminal& terminal) {
-  PrintTree(OpenModel(settings), terminal);
-}
-
-void PrintTree(const OrimModel& model, const Terminal& terminal) {
-  for (const PackageInfo& package : model.Packages()) {
-    if (package.ParentId != 0) continue;
-    terminal.out << ToUtf8(package.Name) << "/\n";
-    for (const TreeItem& item : model.Tree(package.Id))
-      PrintItem(item, orim::Repository(model.Repository()), terminal.out);
-  }
+  PrintTree(OpenModel(settings), terminal.out);
 }
 
 void ListLinkedPackages(const Settings& settings, const Terminal& terminal) {

@@ -16,13 +16,13 @@ void PermTable::AddLoop(TextView signature, dxl::Loop start) {
   });
 }
 
-void PermTable::FailAt(int n, AutomationError failure) {
+void PermTable::InterruptAt(int n, std::function<void()> interrupt) {
   countdown_ = n;
-  failure_ = std::move(failure);
+  interrupt_ = std::move(interrupt);
 }
 
 void PermTable::Count() {
-  if (countdown_ > 0 && --countdown_ == 0) throw AutomationError(*failure_);
+  if (countdown_ > 0 && --countdown_ == 0) interrupt_();
 }
 
 void AddDoorsPerms(PermTable& table) {

@@ -1,4 +1,4 @@
-// Registers the perms of the simulated DOORS, and lets a test break off a script at the n-th use of one.
+// Registers the perms of the simulated DOORS, and lets a test interrupt a script at the n-th use of one.
 #pragma once
 
 #include "platform/Platform.h"
@@ -18,9 +18,9 @@ class PermTable {
   void AddType(TextView name) { library_.AddType(name); }
   void AddAlias(TextView alias, TextView type) { library_.AddAlias(alias, type); }
 
-  /// The n-th perm from now on (1: the next one) throws `failure` instead of running.
-  void FailAt(int n, AutomationError failure);
-  /// Takes back a FailAt that has not happened.
+  /// Calls `interrupt` before the n-th perm from now on (1: the next one); what it throws ends the script.
+  void InterruptAt(int n, std::function<void()> interrupt);
+  /// Takes back an InterruptAt that has not happened.
   void Spare() { countdown_ = 0; }
 
   DoorsSession& session;
@@ -30,8 +30,8 @@ class PermTable {
   void Count();
 
   dxl::Library& library_;
-  int countdown_ = 0;  // 0: no failure is due
-  std::optional<AutomationError> failure_;
+  int countdown_ = 0;  // 0: no interruption is due
+  std::function<void()> interrupt_;
 };
 
 void AddItemPerms(PermTable& table);       // items, folders, projects, the database

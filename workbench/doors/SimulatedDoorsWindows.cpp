@@ -1,4 +1,4 @@
-#include "workbench/doors/DoorsWindows.h"
+#include "workbench/doors/SimulatedDoorsWindows.h"
 
 namespace kestrune::workbench {
 
@@ -29,22 +29,20 @@ SimulatedWindow WindowIn(DoorsState state) {
 
 }  // namespace
 
-void DoorsWindows::Show(DoorsState state) {
-  if (!desktop_) return;
+void SimulatedDoorsWindows::Show(DoorsState state) {
   if (!main_ && state == DoorsState::kNotRunning) return;
-  if (!main_) main_ = desktop_->AddWindow({});
-  desktop_->WindowAt(main_) = WindowIn(state);
+  if (!main_) main_ = desktop_.AddWindow({});
+  desktop_.WindowAt(main_) = WindowIn(state);
 }
 
-WindowHandle DoorsWindows::Open() {
-  if (!desktop_) return 0;
-  const WindowHandle window = desktop_->AddWindow(WindowIn(DoorsState::kReady));
-  desktop_->BringToFront(window);
+WindowHandle SimulatedDoorsWindows::Open() {
+  const WindowHandle window = desktop_.AddWindow(WindowIn(DoorsState::kReady));
+  desktop_.BringToFront(window);
   return window;
 }
 
-void DoorsWindows::Close(WindowHandle window) {
-  if (desktop_ && window) desktop_->WindowAt(window) = WindowIn(DoorsState::kNotRunning);
+void SimulatedDoorsWindows::Close(WindowHandle window) {
+  desktop_.WindowAt(window) = WindowIn(DoorsState::kNotRunning);
 }
 
 }  // namespace kestrune::workbench
