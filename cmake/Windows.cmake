@@ -9,5 +9,10 @@ file(CREATE_LINK ${UTF8CPP_DIR}/utf8 ${PROJECT_BINARY_DIR}/include/utf8 SYMBOLIC
 include_directories(SYSTEM ${PROJECT_BINARY_DIR}/include)
 
 kestrune_add_in_rooms(ole32 oleaut32 uuid advapi32 shell32 comctl32 gdi32 user32)
+include(cmake/KestruneDll.cmake)
+include(cmake/WindowsStandIns.cmake)
 
-add_subdirectory(tests/windows/dialogs)
+include(cmake/Screen.cmake)
+include(cmake/WindowsTests.cmake)
+add_subdirectory(tests/windows/screen)
+add_subdirectory(tests/windows/sessions)

@@ -7,15 +7,12 @@
 
 #include "platform/win32/ComDispatch.h"
 #include "platform/win32/ComText.h"
+#include "platform/win32/Failure.h"
 #include "platform/win32/OurDispatch.h"
 
 namespace kestrune {
 
 namespace {
-
-void Require(HRESULT result) {
-  if (FAILED(result)) throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune", SystemMessage(result));
-}
 
 struct SafeArrayFreer {
   void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
@@ -63,8 +60,7 @@ ComVariant Converted(const VARIANT& value, VARTYPE type) {
 
 Variant FromNumber(const VARIANT& value) {
   const double number = Converted(value, VT_R8).Get().dblVal;
-  const bool is_whole = std::trunc(number) == number &&
-                        number >= std::numeric_limits<std::int32_t>::min() &&
+  const bool is_whole = std::trunc(number) == number && number >= std::numeric_limits<std::int32_t>::min() &&
                         number <= std::numeric_limits<std::int32_t>::max();
   return is_whole ? Variant(static_cast<std::int32_t>(number)) : Variant(number);
 }
@@ -109,19 +105,31 @@ Variant FromComVariant(const VARIANT& value) {
   if (value.vt & VT_ARRAY) return FromSafeArray(value.parray);
   switch (value.vt) {
     case VT_EMPTY:
-    case VT_NULL: return {};
-    case VT_ERROR: return value.scode == DISP_E_PARAMNOTFOUND ? Variant() : throw AutomationError(
-        error::kTypeMismatch, u"Kestrune", SystemMessage(value.scode));
-    case VT_BOOL: return value.boolVal != VARIANT_FALSE;
-    case VT_R4: return static_cast<double>(value.fltVal);
-    case VT_R8: return value.dblVal;
+    case VT_NULL:
+      return {};
+    case VT_ERROR:
+      return value.scode == DISP_E_PARAMNOTFOUND
+                 ? Variant()
+                 : throw AutomationError(error::kTypeMismatch, u"Kestrune", SystemMessage(value.scode));
+    case VT_BOOL:
+      return value.boolVal != VARIANT_FALSE;
+    case VT_R4:
+      return static_cast<double>(value.fltVal);
+    case VT_R8:
+      return value.dblVal;
     case VT_CY:
-    case VT_DECIMAL: return Converted(value, VT_R8).Get().dblVal;
-    case VT_BSTR: return Text(ViewOf(value.bstrVal));
-    case VT_DATE: return Text(ViewOf(Converted(value, VT_BSTR).Get().bstrVal));
-    case VT_DISPATCH: return FromDispatch(value.pdispVal);
-    case VT_UNKNOWN: return FromDispatch(Converted(value, VT_DISPATCH).Get().pdispVal);
-    default: return FromNumber(value);
+    case VT_DECIMAL:
+      return Converted(value, VT_R8).Get().dblVal;
+    case VT_BSTR:
+      return Text(ViewOf(value.bstrVal));
+    case VT_DATE:
+      return Text(ViewOf(Converted(value, VT_BSTR).Get().bstrVal));
+    case VT_DISPATCH:
+      return FromDispatch(value.pdispVal);
+    case VT_UNKNOWN:
+      return FromDispatch(Converted(value, VT_DISPATCH).Get().pdispVal);
+    default:
+      return FromNumber(value);
   }
 }
 

@@ -27,9 +27,9 @@ class ComVariant {
   VARIANT value_;
 };
 
-/// What a VARIANT holds, references followed: Null and a left-out argument are empty; whole numbers that need more
-/// than 32 bits, currency and decimals become doubles, a date its text. Throws AutomationError kTypeMismatch for
-/// what has no counterpart.
+/// What a VARIANT holds, references followed: Null and a left-out argument are empty; whole numbers that need
+/// more than 32 bits, currency and decimals become doubles, a date its text. Throws AutomationError
+/// kTypeMismatch for what has no counterpart.
 Variant FromComVariant(const VARIANT& value);
 
 /// The object behind an IDispatch, and back: our own objects are handed out through OurDispatch.

@@ -35,6 +35,7 @@ void DialogPeer::Run(HWND owner) {
   const Text name(form_.ClassName());
   const INT_PTR result =
       DialogBoxParamW(ThisModule(), Wide(name), owner, Procedure, reinterpret_cast<LPARAM>(this));
+  std::erase(session_.Open, dialog_);  // the dialog may have been ended by others
   form_.Close();
   form_.Detach();
   if (failure_) std::rethrow_exception(failure_);
@@ -115,6 +116,7 @@ void DialogPeer::OnInit() {
                                  GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
   SendMessageW(dialog_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
   PlaceOverOwner(dialog_);
+  if (!GetWindow(dialog_, GW_OWNER)) SetForegroundWindow(dialog_);
   SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetNextDlgTabItem(dialog_, nullptr, FALSE)),
                TRUE);
 }

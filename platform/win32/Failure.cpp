@@ -12,6 +12,11 @@ constexpr std::uint32_t kUnexpected = 0x8000FFFF;
 
 }  // namespace
 
+void Require(HRESULT result) {
+  if (FAILED(result))
+    throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune", SystemMessage(result));
+}
+
 AutomationError CurrentFailure() {
   try {
     throw;

@@ -7,6 +7,9 @@
 
 namespace kestrune {
 
+/// Throws the failure of a call of the system; its description is the system's.
+void Require(HRESULT result);
+
 /// The exception being handled, whatever its type, as automation reports it. Only inside of a catch.
 AutomationError CurrentFailure();
 

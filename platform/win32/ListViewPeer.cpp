@@ -1,10 +1,14 @@
 #include "platform/win32/ListViewPeer.h"
 
+#include <algorithm>
+
 #include "platform/win32/WindowText.h"
 
 namespace kestrune {
 
 namespace {
+
+constexpr int kCellMargin = 6;  // what a list view leaves free on each side of a text, in pixels
 
 wchar_t* Mutable(const Text& text) {
   return const_cast<wchar_t*>(Wide(text));  // the structures serve for reading as well
@@ -53,7 +57,7 @@ void ListViewPeer::PushColumns() {
     column.iSubItem = static_cast<int>(i);
     Send(LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
   }
-  fitted_width_ = 0;
+  fitted_ = {};
 }
 
 void ListViewPeer::PushRows() {
@@ -100,15 +104,23 @@ void ListViewPeer::SetState(std::size_t row, UINT state, UINT mask) {
   Send(LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
 }
 
-// Only for another width: the columns stay as the user has set them.
+int ListViewPeer::WidthOfSecond() const {
+  int widest = TextWidth(Window(), u"    " + shown_columns_[1]);
+  for (const auto& cells : shown_rows_)
+    if (!cells[1].empty()) widest = std::max(widest, TextWidth(Window(), cells[1]) + 2 * kCellMargin);
+  return widest;
+}
+
+// Only for other widths: the columns stay as the user has set them.
 void ListViewPeer::FitColumns() {
+  if (shown_columns_.size() != 2) return;
   RECT inside = {};
   GetClientRect(Window(), &inside);
-  if (shown_columns_.size() != 2 || inside.right == fitted_width_) return;
-  fitted_width_ = inside.right;
-  const int second = TextWidth(Window(), u"    " + shown_columns_[1]);
-  Send(LVM_SETCOLUMNWIDTH, 0, inside.right - second);
-  Send(LVM_SETCOLUMNWIDTH, 1, second);
+  const std::pair<int, int> widths(inside.right, WidthOfSecond());
+  if (widths == fitted_) return;
+  fitted_ = widths;
+  Send(LVM_SETCOLUMNWIDTH, 0, widths.first - widths.second);
+  Send(LVM_SETCOLUMNWIDTH, 1, widths.second);
 }
 
 }  // namespace kestrune

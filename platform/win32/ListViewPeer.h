@@ -5,8 +5,8 @@
 
 namespace kestrune {
 
-/// The second column is as wide as four blanks and its header; the first has the rest, whatever the window's
-/// width.
+/// The second column is as wide as four blanks and its header, wider only for a longer text in it; the first
+/// has the rest, whatever the window's width.
 class ListViewPeer : public ControlPeer {
  public:
   ListViewPeer(ListView& list, HWND window);
@@ -26,6 +26,7 @@ class ListViewPeer : public ControlPeer {
   void PushSelection();
   bool IsSelected(std::size_t row) const;
   void SetState(std::size_t row, UINT state, UINT mask);
+  int WidthOfSecond() const;
   void FitColumns();
   std::vector<std::size_t> SelectedByUser() const;
 
@@ -33,7 +34,7 @@ class ListViewPeer : public ControlPeer {
   std::vector<Text> shown_columns_;
   std::vector<std::vector<Text>> shown_rows_;
   std::optional<std::size_t> scrolled_to_;
-  LONG fitted_width_ = 0;
+  std::pair<int, int> fitted_;  // the widths of the window and of the second column
 };
 
 }  // namespace kestrune

@@ -23,7 +23,7 @@ TEST_P(frmAboutTest, ClosesEachWay) {
         const Screen about(u"About");
         EXPECT_EQ(about.TextAt(ID_lblProduct), u"Kestrune Link");
         EXPECT_EQ(about.TextAt(ID_cmdOK), u"OK");
-        EXPECT_TRUE(about.HasFocus(ID_cmdOK));
+        about.Await("the focus", [&] { return about.HasFocus(ID_cmdOK); });
         GetParam()(about);
       },
       [&] { desktop.ShowModal(form); });
@@ -117,7 +117,7 @@ const ConnectCase kConnectCases[] = {
      [](const Screen& connect) {
        connect.Click(ID_cmdManual);
        const Screen box(u"Manual DOORS Connection");
-       EXPECT_TRUE(box.HasFocus(ID_txtEntry));
+       box.Await("the focus", [&] { return box.HasFocus(ID_txtEntry); });
        EXPECT_EQ(box.TextAt(ID_cmdOK), u"OK");
        box.Type(u"/Größe/Maße €");
        box.Key(VK_RETURN);
@@ -176,7 +176,7 @@ TEST_F(frmOptionsTest, MapsARuleByKeyboardThroughTheWizard) {
     EXPECT_EQ(wizard.TextAt(ID_cmdNext), u"&Finish");
     EXPECT_FALSE(wizard.VisibleAt(ID_lstExtra));
     EXPECT_FALSE(wizard.EnabledAt(ID_cmdBack));
-    EXPECT_TRUE(wizard.HasFocus(ID_lstTarget));
+    wizard.Await("the focus", [&] { return wizard.HasFocus(ID_lstTarget); });
     wizard.Key(VK_RETURN);
     wizard.AwaitClosed();
     options.Await("the mapping", [&] {
@@ -197,7 +197,7 @@ TEST_F(frmOptionsTest, CombinesTwoAttributesPageByPage) {
     EXPECT_EQ(wizard.LinesOf(ID_lstExtra), Lines({u"B", u"C"}));
     wizard.ClickLine(ID_lstExtra, 1, 2);
     wizard.Await("the separator's page", [&] { return wizard.VisibleAt(ID_txtSep); });
-    EXPECT_TRUE(wizard.HasFocus(ID_txtSep));
+    wizard.Await("the focus", [&] { return wizard.HasFocus(ID_txtSep); });
     wizard.Type(u"::");
     wizard.Key('N', VK_MENU);
     wizard.Await("the target's page", [&] { return wizard.VisibleAt(ID_lstTarget); });
@@ -226,7 +226,7 @@ TEST_F(frmOptionsTest, TheButtonsFollowTheSelection) {
     options.Key('R', VK_MENU);
     options.Await("the removal", [&] { return Cell(options, 2, 1).empty() && Cell(options, 1, 1).empty(); });
     AwaitButtons(options, "MC");
-    EXPECT_TRUE(options.HasFocus(ID_lvMappings));
+    options.Await("the focus", [&] { return options.HasFocus(ID_lvMappings); });
     options.ClickRow(ID_lvMappings, 0, 2);
     Screen(u"Configure attribute mapping").Key(VK_ESCAPE);
     options.Await("the way back", [&] { return IsWindowEnabled(options.Window()) != FALSE; });
@@ -289,6 +289,25 @@ TEST_F(frmOptionsTest, ALockedPackageIsShownAndHelpOpensItsTopic) {
   });
   EXPECT_EQ(code, frmOptions::kCancelled);
   EXPECT_EQ(desktop.help_shown, std::vector<int>({3400}));
+}
+
+TEST_F(frmOptionsTest, NoTargetIsCut) {
+  Edit({u"A", u"B", u"C --> Name"}, [](const Screen& options) {
+    const auto column = [&](WPARAM index) { return options.Ask(ID_lvMappings, LVM_GETCOLUMNWIDTH, index); };
+    const auto room_for = [&](const char16_t* text) {
+      return options.Ask(ID_lvMappings, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text));
+    };
+    EXPECT_GE(column(1), room_for(u"    Orim Studio"));
+    const LRESULT both = column(0) + column(1);
+    options.ClickRow(ID_lvMappings, 0);
+    options.Await("the selection", [&] { return options.EnabledAt(ID_cmdMap); });
+    options.Key('M', VK_MENU);
+    Screen(u"Configure attribute mapping").Key(VK_RETURN);
+    options.Await("the rule", [&] { return Cell(options, 0, 1) == u"(Tagged Value)"; });
+    EXPECT_GE(column(1), room_for(u"(Tagged Value)") + 12) << "with the margins";
+    EXPECT_EQ(column(0) + column(1), both);
+    options.CloseBox();
+  });
 }
 
 TEST_F(frmOptionsTest, TheListHasTheRoomThatTheDialogGains) {

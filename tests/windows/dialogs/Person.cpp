@@ -49,10 +49,17 @@ Text OpenTitles() {
   std::abort();
 }
 
+/// The person's own windows, such as those of DOORS, must answer to be brought to the front.
+void AnswerOwnMessages() {
+  MSG message = {};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
 void AwaitFor(const Text& title, const char* what, const std::function<bool()>& condition) {
   const auto end = Clock::now() + kLimit;
   while (!condition()) {
     if (Clock::now() > end) GiveUp(title, what);
+    AnswerOwnMessages();
     std::this_thread::sleep_for(kPause);
   }
 }
@@ -90,14 +97,16 @@ void SendMouse(POINT at, DWORD flags) {
   INPUT input = {.type = INPUT_MOUSE};
   input.mi.dx = at.x * 65536 / GetSystemMetrics(SM_CXSCREEN) + 1;
   input.mi.dy = at.y * 65536 / GetSystemMetrics(SM_CYSCREEN) + 1;
-  input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE;
+  input.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;  // the pointer may have been elsewhere
   SendInput(1, &input, sizeof input);
 }
 
 }  // namespace
 
 void WithPerson(const std::function<void()>& person, const std::function<void()>& show) {
-  GetDesktopWindow();  // Wine: the first call of a thread must not come from two threads at once
+  // Wine: the first call of a thread must not come from two threads at once, and input that comes before the
+  // desktop answers is lost.
+  SendMessageW(GetDesktopWindow(), WM_NULL, 0, 0);
   std::atomic<bool> is_shown = true;
   std::thread thread([&] {
     person();
@@ -171,7 +180,7 @@ void Screen::AwaitClosed() const {
 void Screen::ClickAt(HWND window, RECT inside, int times) const {
   MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&inside), 2);
   const POINT middle = {(inside.left + inside.right) / 2, (inside.top + inside.bottom) / 2};
-  SendMouse(middle, MOUSEEVENTF_MOVE);
+  SendMouse(middle, 0);
   for (int i = 0; i < times; ++i) {
     SendMouse(middle, MOUSEEVENTF_LEFTDOWN);
     SendMouse(middle, MOUSEEVENTF_LEFTUP);

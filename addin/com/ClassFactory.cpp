@@ -1,0 +1,27 @@
+#include "addin/com/ClassFactory.h"
+
+#include "addin/com/ComOrimDoors.h"
+#include "platform/win32/ComPtr.h"
+#include "platform/win32/Failure.h"
+
+namespace kestrune {
+
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  if (outer) return CLASS_E_NOAGGREGATION;
+  try {
+    ComPtr<ComOrimDoors> object;
+    *object.Out() = new ComOrimDoors;
+    return object->QueryInterface(iid, out);
+  } catch (...) {
+    return LeaveErrorInfo(CurrentFailure());
+  }
+}
+
+HRESULT ClassFactory::LockServer(BOOL lock) {
+  lock ? ModuleLock::Add() : ModuleLock::Remove();
+  return S_OK;
+}
+
+}  // namespace kestrune

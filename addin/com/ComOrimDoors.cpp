@@ -1,0 +1,174 @@
+#include "addin/com/ComOrimDoors.h"
+
+#include "addin/com/TypeLibrary.h"
+#include "platform/win32/ComText.h"
+#include "platform/win32/ComVariant.h"
+#include "platform/win32/Failure.h"
+
+namespace kestrune {
+
+namespace {
+
+/// Runs `work`, which no exception leaves but as the number that COM knows it by.
+template <typename Work>
+HRESULT Guarded(Work work) {
+  try {
+    work();
+    return S_OK;
+  } catch (...) {
+    return LeaveErrorInfo(CurrentFailure());
+  }
+}
+
+orim::Repository RepositoryAt(IDispatch** repository) {
+  return orim::Repository(repository ? FromDispatch(*repository) : Object());
+}
+
+Text TextOf(BSTR text) {
+  return Text(ViewOf(text));
+}
+Text TextAt(BSTR* text) {
+  return text ? TextOf(*text) : Text();
+}
+
+void PutTo(BSTR* place, const Text& text) {
+  *place = Bstr(text).Release();
+}
+void PutTo(VARIANT* place, const Variant& value) {
+  *place = ComVariant(value).Release();
+}
+void PutTo(long* place, std::int32_t number) {
+  *place = number;
+}
+void PutTo(VARIANT_BOOL* place, bool value) {
+  *place = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+/// Puts what `work` answers to `place`, which a failure leaves empty.
+template <typename Result, typename Work>
+HRESULT Answered(Result* place, Work work) {
+  if (!place) return E_POINTER;
+  *place = Result();
+  return Guarded([&] { PutTo(place, work()); });
+}
+
+/// The arguments of a late-bound call, all by value. What script hosts pass, references to variables of any
+/// type, fits none of the parameters that are references to a text, a number or an object; values fit them,
+/// converted if need be. Nothing is lost, as no callback changes its arguments.
+class Values {
+ public:
+  explicit Values(const DISPPARAMS& params) : owners_(params.cArgs), params_(params) {
+    for (UINT i = 0; i < params.cArgs; ++i) {
+      Require(VariantCopyInd(owners_[i].Out(), &params.rgvarg[i]));
+      values_.push_back(owners_[i].Get());
+    }
+    params_.rgvarg = values_.data();
+  }
+  DISPPARAMS* Params() { return &params_; }
+
+ private:
+  std::vector<ComVariant> owners_;
+  std::vector<VARIANT> values_;
+  DISPPARAMS params_;
+};
+
+}  // namespace
+
+HRESULT ComOrimDoors::Orim_Connect(IDispatch** Repository, BSTR* Result) {
+  return Answered(Result, [&] { return add_in_.Orim_Connect(RepositoryAt(Repository)); });
+}
+
+HRESULT ComOrimDoors::Orim_Disconnect() {
+  return Guarded([&] { add_in_.Orim_Disconnect(); });
+}
+
+HRESULT ComOrimDoors::Orim_OnPostInitialized(IDispatch** Repository, VARIANT* Result) {
+  return Answered(Result, [&] { return add_in_.Orim_OnPostInitialized(RepositoryAt(Repository)); });
+}
+
+HRESULT ComOrimDoors::Orim_GetMenuItems(IDispatch** Repository, BSTR* MenuLocation, BSTR MenuName,
+                                        VARIANT* Result) {
+  return Answered(Result, [&] {
+    return add_in_.Orim_GetMenuItems(RepositoryAt(Repository), TextAt(MenuLocation), TextOf(MenuName));
+  });
+}
+
+HRESULT ComOrimDoors::Orim_MenuClick(IDispatch** Repository, BSTR MenuName, BSTR ItemName) {
+  return Guarded(
+      [&] { add_in_.Orim_MenuClick(RepositoryAt(Repository), TextOf(MenuName), TextOf(ItemName)); });
+}
+
+HRESULT ComOrimDoors::Orim_ShowHelp(BSTR MenuName, BSTR ItemName) {
+  return Guarded([&] { add_in_.Orim_ShowHelp(TextOf(MenuName), TextOf(ItemName)); });
+}
+
+HRESULT ComOrimDoors::Plexa_View(IDispatch** Repository, BSTR* PackageGuid, BSTR* CodeID, long* Result) {
+  return Answered(Result, [&] {
+    return add_in_.Plexa_View(RepositoryAt(Repository), TextAt(PackageGuid), TextAt(CodeID));
+  });
+}
+
+HRESULT ComOrimDoors::Plexa_Connect(IDispatch** Repository, long* PackageID, BSTR* PackageGuid,
+                                    long* Result) {
+  return Answered(Result, [&] {
+    return add_in_.Plexa_Connect(RepositoryAt(Repository), PackageID ? *PackageID : 0, TextAt(PackageGuid));
+  });
+}
+
+HRESULT ComOrimDoors::Plexa_GetConnectedPackages(IDispatch** Repository, VARIANT* Result) {
+  return Answered(Result, [&] { return add_in_.Plexa_GetConnectedPackages(RepositoryAt(Repository)); });
+}
+
+HRESULT ComOrimDoors::Plexa_GetProperty(IDispatch** Repository, BSTR* PackageGuid, BSTR* PropertyName,
+                                        VARIANT* Result) {
+  return Answered(Result, [&] {
+    return add_in_.Plexa_GetProperty(RepositoryAt(Repository), TextAt(PackageGuid), TextAt(PropertyName));
+  });
+}
+
+HRESULT ComOrimDoors::Plexa_Disconnect(IDispatch** Repository, BSTR* PackageGuid, VARIANT_BOOL* Result) {
+  return Answered(Result,
+                  [&] { return add_in_.Plexa_Disconnect(RepositoryAt(Repository), TextAt(PackageGuid)); });
+}
+
+const ComPtr<ITypeInfo>& ComOrimDoors::Description() {
+  if (!description_) description_ = OwnTypeInfo(__uuidof(_OrimDoors));
+  return description_;
+}
+
+HRESULT ComOrimDoors::GetTypeInfoCount(UINT* count) {
+  if (!count) return E_POINTER;
+  *count = 1;
+  return S_OK;
+}
+
+HRESULT ComOrimDoors::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
+  if (!info) return E_POINTER;
+  *info = nullptr;
+  if (index != 0) return DISP_E_BADINDEX;
+  return Guarded([&] { *info = ComPtr<ITypeInfo>(Description()).Release(); });
+}
+
+HRESULT ComOrimDoors::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+  HRESULT result = S_OK;
+  const HRESULT guarded = Guarded([&] { result = Description()->GetIDsOfNames(names, count, ids); });
+  return FAILED(guarded) ? guarded : result;
+}
+
+HRESULT ComOrimDoors::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
+                             EXCEPINFO* info, UINT* wrong_argument) {
+  if (!params) return E_INVALIDARG;
+  HRESULT result = S_OK;
+  const HRESULT guarded = Guarded([&] {
+    Values values(*params);
+    result = Description()->Invoke(static_cast<_OrimDoors*>(this), id, flags, values.Params(), answer, info,
+                                   wrong_argument);
+  });
+  return FAILED(guarded) ? guarded : result;
+}
+
+HRESULT ComOrimDoors::InterfaceSupportsErrorInfo(REFIID iid) {
+  return iid == __uuidof(_OrimDoors) ? S_OK : S_FALSE;
+}
+
+}  // namespace kestrune

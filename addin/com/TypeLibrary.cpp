@@ -1,0 +1,17 @@
+#include "addin/com/TypeLibrary.h"
+
+#include "platform/win32/ComText.h"
+#include "platform/win32/Failure.h"
+#include "platform/win32/Module.h"
+
+namespace kestrune {
+
+ComPtr<ITypeInfo> OwnTypeInfo(REFIID iid) {
+  ComPtr<ITypeLib> library;
+  Require(LoadTypeLibEx(Wide(ThisModulePath()), REGKIND_NONE, library.Out()));
+  ComPtr<ITypeInfo> info;
+  Require(library->GetTypeInfoOfGuid(iid, info.Out()));
+  return info;
+}
+
+}  // namespace kestrune

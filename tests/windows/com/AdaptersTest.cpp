@@ -1,0 +1,185 @@
+// Our objects handed out and foreign ones taken in: what goes through both adapters comes back as it was.
+#include <gtest/gtest.h>
+
+#include "platform/win32/ComDispatch.h"
+#include "platform/win32/ComText.h"
+#include "platform/win32/ComVariant.h"
+#include "platform/win32/Counted.h"
+#include "platform/win32/OurDispatch.h"
+#include "tests/windows/com/LateCall.h"
+#include "workbench/StandInObject.h"
+
+namespace kestrune::testing {
+namespace {
+
+class Parrot : public workbench::StandInObject<Parrot> {
+ public:
+  static constexpr const char16_t* kClassName = u"Parrot";
+  static const Members& Table() {
+    static const Members table = {
+        {u"Word",
+         {.Get = [](Parrot& parrot) { return parrot.word_; },
+          .Put = [](Parrot& parrot, const Variant& word) { parrot.word_ = word; }}},
+        {u"Second", {.Call = [](Parrot&, const Args& args) { return args[1]; }, .ArgCount = 2}},
+        {u"Fail",
+         {.Call = [](Parrot&, const Args& args) -> Variant {
+            if (args[0].ToInt() == 1) throw AutomationError(0x80040001, u"Parrot", u"Größe");
+            if (args[0].ToInt() == 2) throw std::bad_alloc();
+            throw std::runtime_error("lost");
+          },
+          .ArgCount = 1}},
+    };
+    return table;
+  }
+
+ private:
+  Variant word_;
+};
+
+/// Counts how often names are asked for.
+class CountingDispatch : public Counted<IDispatch> {
+ public:
+  explicit CountingDispatch(ComPtr<IDispatch> inner) : inner_(std::move(inner)) {}
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return inner_->GetTypeInfoCount(count); }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID language, ITypeInfo** info) override {
+    return inner_->GetTypeInfo(index, language, info);
+  }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID language,
+                                          DISPID* ids) override {
+    ++Lookups;
+    return inner_->GetIDsOfNames(iid, names, count, language, ids);
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID language, WORD flags, DISPPARAMS* params,
+                                   VARIANT* answer, EXCEPINFO* info, UINT* wrong) override {
+    return inner_->Invoke(id, iid, language, flags, params, answer, info, wrong);
+  }
+  int Lookups = 0;
+
+ private:
+  ComPtr<IDispatch> inner_;
+};
+
+ComPtr<CountingDispatch> MakeCounting() {
+  ComPtr<CountingDispatch> made;
+  *made.Out() = new CountingDispatch(MakeOurDispatch(std::make_shared<Parrot>()));
+  return made;
+}
+
+struct AdaptersTest : ::testing::Test {
+  ComPtr<CountingDispatch> counting = MakeCounting();
+  Object parrot = FromDispatch(counting.Get());
+};
+
+TEST_F(AdaptersTest, ValuesComeBackAsTheyWere) {
+  const Variant values[] = {{},  true,  false, 0,        -2147483647 - 1, 2147483647,
+                            0.5, 1e300, u"",   u"Größe", u"\U0001F682",   Text(u"a\0b", 3)};
+  for (const Variant& value : values) {
+    parrot.Put(u"Word", value);
+    for (const Variant& back : {parrot.Get(u"Word"), parrot.Call(u"Second", {u"first", value})}) {
+      EXPECT_EQ(back, value) << ToUtf8(value.ToText());
+      EXPECT_EQ(back.IsEmpty(), value.IsEmpty());
+      EXPECT_EQ(back.IsBool(), value.IsBool());
+      EXPECT_EQ(back.IsInt(), value.IsInt());
+      EXPECT_EQ(back.IsDouble(), value.IsDouble());
+    }
+  }
+  for (const std::vector<Text>& texts : {std::vector<Text>{}, {u""}, {u"a", u"ö"}}) {
+    parrot.Put(u"Word", texts);
+    EXPECT_EQ(parrot.Get(u"Word").ToTextArray(), texts);
+  }
+}
+
+TEST_F(AdaptersTest, ObjectsStayThemselves) {
+  parrot.Put(u"Word", parrot);
+  EXPECT_EQ(ToDispatch(parrot.Get(u"Word").ToObject()).Get(), counting.Get());
+  parrot.Put(u"Word", Object(std::make_shared<Parrot>()));
+  parrot.Get(u"Word").ToObject().Put(u"Word", u"inner");
+  EXPECT_EQ(parrot.Get(u"Word").ToObject().Get(u"Word"), Variant(u"inner"));
+  parrot.Put(u"Word", Object());
+  EXPECT_FALSE(parrot.Get(u"Word").ToObject());
+}
+
+TEST_F(AdaptersTest, EachNameIsLookedUpOnce) {
+  for (int i = 0; i < 5; ++i) {
+    parrot.Put(u"Word", i);
+    parrot.Get(u"Word");
+  }
+  EXPECT_EQ(counting->Lookups, 1);
+}
+
+TEST_F(AdaptersTest, FailuresKeepTheirParts) {
+  const auto failure_of = [&](TextView member, Args args) -> std::string {
+    try {
+      parrot.Call(member, std::move(args));
+      return "none";
+    } catch (const AutomationError& error) {
+      return std::to_string(error.Number - 0x80000000) + " " +
+             ToUtf8(error.Source + u": " + error.Description);
+    }
+  };
+  EXPECT_EQ(failure_of(u"Fail", {1}), std::to_string(0x40001) + " Parrot: Größe");
+  EXPECT_TRUE(failure_of(u"Fail", {2}).starts_with(std::to_string(0x7000E) + " Kestrune: "));
+  EXPECT_EQ(failure_of(u"Fail", {3}), std::to_string(0xFFFF) + " Kestrune: lost");
+  EXPECT_TRUE(failure_of(u"Nothing", {}).starts_with(std::to_string(0x20006) + " Parrot: "));
+  EXPECT_TRUE(failure_of(u"Second", {1}).starts_with(std::to_string(0x2000E) + " Parrot: "));
+}
+
+TEST_F(AdaptersTest, AUseThatMayBeCallOrReadingIsEither) {
+  parrot.Put(u"Word", u"hello");
+  EXPECT_EQ(CallLate(*counting.Get(), L"Word", {}).Value, "BSTR hello");
+  for (const Passing passing : {Passing::kByValue, Passing::kByReference, Passing::kVariantByReference})
+    EXPECT_EQ(CallLate(*counting.Get(), L"Second", {1, 2}, passing).Value, "I4 2");
+}
+
+struct ForeignValue {
+  const char* name;
+  VARIANT value;
+  Variant expected;
+};
+
+VARIANT Foreign(VARTYPE type, long long bits) {
+  VARIANT value = {};
+  value.vt = type;
+  value.llVal = bits;
+  return value;
+}
+
+TEST(FromComVariantTest, WhatOthersPassIsUnderstood) {
+  const auto error = static_cast<std::uint32_t>(DISP_E_PARAMNOTFOUND);
+  const ForeignValue values[] = {
+      {"null", Foreign(VT_NULL, 0), {}},
+      {"left out", Foreign(VT_ERROR, error), {}},
+      {"byte", Foreign(VT_UI1, 255), 255},
+      {"short", Foreign(VT_I2, 0xFFFF), -1},
+      {"unsigned that fits", Foreign(VT_UI4, 7), 7},
+      {"unsigned that does not", Foreign(VT_UI4, 0xFFFFFFFF), 4294967295.0},
+      {"long long", Foreign(VT_I8, -5), -5},
+      {"currency", Foreign(VT_CY, 12500), 1.25},
+      {"true", Foreign(VT_BOOL, 0xFFFF), true},
+      {"no text", Foreign(VT_BSTR, 0), u""},
+  };
+  for (const auto& [name, value, expected] : values) {
+    const Variant taken = FromComVariant(value);
+    EXPECT_EQ(taken, expected) << name;
+    EXPECT_EQ(taken.IsDouble(), expected.IsDouble()) << name;
+  }
+  EXPECT_FALSE(FromComVariant(Foreign(VT_DISPATCH, 0)).ToObject());
+}
+
+TEST(FromComVariantTest, ArraysOfVariantsAreTextsAndOthersRefused) {
+  ComVariant array;
+  array.Out()->parray = SafeArrayCreateVector(VT_VARIANT, 3, 2);
+  array.Out()->vt = VT_ARRAY | VT_VARIANT;
+  LONG index = 4;
+  SafeArrayPutElement(array.Get().parray, &index, const_cast<VARIANT*>(&ComVariant(Variant(12)).Get()));
+  EXPECT_EQ(FromComVariant(array.Get()).ToTextArray(), (std::vector<Text>{u"", u"12"}));
+
+  ComVariant numbers;
+  numbers.Out()->parray = SafeArrayCreateVector(VT_I4, 0, 2);
+  numbers.Out()->vt = VT_ARRAY | VT_I4;
+  EXPECT_THROW(FromComVariant(numbers.Get()), AutomationError);
+  EXPECT_THROW(FromComVariant(Foreign(VT_ERROR, 0x80004005)), AutomationError);
+}
+
+}  // namespace
+}  // namespace kestrune::testing

@@ -1,0 +1,28 @@
+// Kestrune.dll as its clients find it.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/Text.h"
+#include "platform/win32/ComPtr.h"
+
+namespace kestrune::testing {
+
+HMODULE Dll();
+Text DllPath();
+
+template <typename Function>
+Function* Export(const char* name) {
+  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(Dll(), name)));
+}
+
+/// What regsvr32 calls: for "/i:machine", for "/i:user", or with no "/i" at all.
+HRESULT Install(BOOL install, const wchar_t* audience);
+HRESULT RegisterServer();
+HRESULT UnregisterServer();
+
+/// The add-in, made without the registry.
+ComPtr<IClassFactory> Factory();
+ComPtr<IDispatch> NewAddIn();
+
+}  // namespace kestrune::testing

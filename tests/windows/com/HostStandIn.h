@@ -1,0 +1,78 @@
+// As much of a host as the callbacks ask for that open no dialog of the add-in's own.
+#pragma once
+
+#include "workbench/StandInObject.h"
+
+namespace kestrune::testing {
+
+using workbench::StandInObject;
+
+struct HostModel {
+  std::int32_t Build = 827;
+  bool IsLocked = false;
+  std::vector<std::string> Calls;         // as "WriteOutput DOORS Text -1"
+  std::function<void()> OnBuild = [] {};  // what befalls whoever asks for the build
+};
+
+/// A package that is its own element, without tagged values.
+class HostPackage : public StandInObject<HostPackage> {
+ public:
+  static constexpr const char16_t* kClassName = u"Package";
+  explicit HostPackage(HostModel& model) : model_(model) {}
+  static const Members& Table() {
+    static const Members table = {
+        {u"PackageID", {.Get = [](HostPackage&) { return Variant(7); }}},
+        {u"Element", {.Get = [](HostPackage& package) { return package.AsObject(); }}},
+        {u"Locked", {.Get = [](HostPackage& package) { return Variant(package.model_.IsLocked); }}},
+        {u"TaggedValues", {.Get = [](HostPackage& package) { return package.AsObject(); }}},
+        {u"Count", {.Get = [](HostPackage&) { return Variant(0); }}},
+        {u"Refresh", {.Call = [](HostPackage&, const Args&) { return Variant(); }}},
+        {u"Flags", {.Put = [](HostPackage&, const Variant&) {}}},
+        {u"Save", {.Call = [](HostPackage&, const Args&) { return Variant(); }}},
+    };
+    return table;
+  }
+
+ private:
+  HostModel& model_;
+};
+
+class HostRepository : public StandInObject<HostRepository> {
+ public:
+  static constexpr const char16_t* kClassName = u"Repository";
+  explicit HostRepository(HostModel& model) : model_(model) {}
+  static const Members& Table() {
+    static const Members table = {
+        {u"LibraryBuild", {.Get = [](HostRepository& host) { return host.Build(); }}},
+        {u"SelectedPackage", {.Call = [](HostRepository&, const Args&) { return Object(); }}},
+        {u"PackageByID", Noting(u"PackageByID", 1, [](HostRepository& host) { return host.Package(); })},
+        {u"PackageByGuid", Noting(u"PackageByGuid", 1, [](HostRepository& host) { return host.Package(); })},
+        {u"CreateOutputTab", Noting(u"CreateOutputTab", 1)},
+        {u"WriteOutput", Noting(u"WriteOutput", 3)},
+        {u"RefreshModelView", Noting(u"RefreshModelView", 1)},
+    };
+    return table;
+  }
+
+ private:
+  using Answer = std::function<Variant(HostRepository&)>;
+  static Member Noting(
+      TextView name, std::size_t count, Answer answer = [](HostRepository&) { return Variant(); }) {
+    const auto call = [name, answer](HostRepository& host, const Args& args) {
+      Text line(name);
+      for (const Variant& arg : args) line += u" " + arg.ToText();
+      host.model_.Calls.push_back(ToUtf8(line));
+      return answer(host);
+    };
+    return {.Call = call, .ArgCount = count};
+  }
+  Variant Build() {
+    model_.OnBuild();
+    return model_.Build;
+  }
+  Variant Package() { return Object(std::make_shared<HostPackage>(model_)); }
+
+  HostModel& model_;
+};
+
+}  // namespace kestrune::testing
