@@ -108,8 +108,8 @@ void frmOptions::SetCaptions() {
       {cmdHelp, text::kHelp},
   };
   for (const auto& [control, id] : captions) control.SetCaption(LoadResText(id));
-  // Whoever shows the list measures texts: the second column is as wide as four blanks and its header, the
-  // first has the rest.
+  // Whoever shows the list measures texts: the second column is as wide as four blanks and its header, or as
+  // its widest target needs; the first has the rest.
   lvMappings.SetColumns({LoadResText(text::kDoorsColumn), LoadResText(text::kOrimColumn)});
 }
 
