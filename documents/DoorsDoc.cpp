@@ -91,7 +91,6 @@ void DoorsDoc::Load(const Text& path, Options& options, const Platform& platform
     ThrowUnreadable(path);
   options.RefreshDoorsAttributesFromXML(document);
   ReadObjects(objects, ResolveFields(attributes));
-  NumberSiblings();
 }
 
 DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
@@ -115,9 +114,14 @@ void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
   for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) ++count;
   table_ = DataTable(count, requests_.size());
   std::vector<Text> extras(requests_.size() + 1);
+  PositionByParent last_position = {{u"", 0}};
+  last_position.reserve(count + 1);
   std::size_t row = 0;
-  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling())
+  for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) {
     ReadObject(++row, each, uses, extras);
+    last_position.emplace(table_.TextAt(row, column::kIdentifier), 0);
+  }
+  NumberSiblings(last_position);
 }
 
 void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses,
@@ -147,12 +151,7 @@ void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById
 }
 
 // What lies below an object that is not in the export stands at the top, in its turn.
-void DoorsDoc::NumberSiblings() {
-  if (table_.UpperColumn() < column::kPosition) return;
-  std::unordered_map<TextView, std::int32_t> last_position = {{u"", 0}};  // by the parent's identifier
-  last_position.reserve(table_.UpperRow() + 1);
-  for (std::size_t row = 1; row <= table_.UpperRow(); ++row)
-    last_position.emplace(table_.TextAt(row, column::kIdentifier), 0);
+void DoorsDoc::NumberSiblings(PositionByParent& last_position) {
   for (std::size_t row = 1; row <= table_.UpperRow(); ++row) {
     auto parent = last_position.find(table_.TextAt(row, column::kParent));
     if (parent == last_position.end()) parent = last_position.find(u"");

@@ -1,6 +1,8 @@
 // The module's objects, read from the export file that DOORS wrote.
 #pragma once
 
+#include <unordered_map>
+
 #include "documents/DataTable.h"
 #include "options/Options.h"
 
@@ -39,11 +41,12 @@ class DoorsDoc {
     bool IsExtra;
   };
   using UsesById = std::vector<std::vector<Use>>;
+  using PositionByParent = std::unordered_map<TextView, std::int32_t>;  // by the parent's identifier
 
   UsesById ResolveFields(const XmlNode& attributes) const;
   void ReadObjects(const XmlNode& objects, const UsesById& uses);
   void ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses, std::vector<Text>& extras);
-  void NumberSiblings();
+  void NumberSiblings(PositionByParent& last_position);
 
   std::vector<Request> requests_;
   DataTable table_;

@@ -1,4 +1,5 @@
-// What every automation object of the stand-ins shares: a table of members per class, and the refusal of all else.
+// What every automation object of the stand-ins shares: a table of members per class, and the refusal of all
+// else.
 #pragma once
 
 #include <functional>
@@ -20,8 +21,8 @@ namespace kestrune::workbench {
 ///     }
 ///   };
 ///
-/// A member that the table lacks, an access that the member lacks and a wrong number of arguments are refused with
-/// an AutomationError that names the class (Self::kClassName) and the member.
+/// A member that the table lacks, an access that the member lacks and a wrong number of arguments are refused
+/// with an AutomationError that names the class (Self::kClassName) and the member.
 template <typename Self>
 class StandInObject : public Dispatch, public std::enable_shared_from_this<Self> {
  public:

@@ -7,13 +7,17 @@ namespace kestrune {
 
 namespace {
 
-constexpr SCODE kFacilityControl = static_cast<SCODE>(0x800A0000);  // of errors that have a 16-bit number only
+constexpr SCODE kFacilityControl =
+    static_cast<SCODE>(0x800A0000);  // of errors that have a 16-bit number only
 
 WORD FlagsOf(Access access) {
   switch (access) {
-    case Access::kGet: return DISPATCH_PROPERTYGET;
-    case Access::kPut: return DISPATCH_PROPERTYPUT;
-    case Access::kCall: return DISPATCH_METHOD;
+    case Access::kGet:
+      return DISPATCH_PROPERTYGET;
+    case Access::kPut:
+      return DISPATCH_PROPERTYPUT;
+    case Access::kCall:
+      return DISPATCH_METHOD;
   }
   throw std::logic_error("no such access");
 }
@@ -48,7 +52,8 @@ class Arguments {
  public:
   explicit Arguments(const Args& args) {
     owners_.reserve(args.size());
-    for (auto arg = args.rbegin(); arg != args.rend(); ++arg) values_.push_back(owners_.emplace_back(*arg).Get());
+    for (auto arg = args.rbegin(); arg != args.rend(); ++arg)
+      values_.push_back(owners_.emplace_back(*arg).Get());
   }
   DISPPARAMS For(Access access) {
     DISPPARAMS params{values_.data(), nullptr, static_cast<UINT>(values_.size()), 0};
@@ -74,8 +79,9 @@ Variant ComDispatch::Invoke(Access access, TextView member, Args args) {
   ComVariant answer;
   ExceptionInfo raised;
   UINT wrong_argument = 0;
-  const HRESULT result = far_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, FlagsOf(access), &params,
-                                      access == Access::kPut ? nullptr : answer.Out(), &raised, &wrong_argument);
+  const HRESULT result =
+      far_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, FlagsOf(access), &params,
+                   access == Access::kPut ? nullptr : answer.Out(), &raised, &wrong_argument);
   if (result == DISP_E_EXCEPTION) ThrowRaised(raised);
   if (FAILED(result)) ThrowPlain(result, member);
   return FromComVariant(answer.Get());

@@ -1,10 +1,9 @@
 // A foreign automation object, reached by late binding through its IDispatch.
 #pragma once
 
-#include <windows.h>
-
 #include <map>
 #include <utility>
+#include <windows.h>
 
 #include "platform/Automation.h"
 #include "platform/win32/ComPtr.h"
@@ -15,8 +14,8 @@ class ComDispatch : public Dispatch {
  public:
   explicit ComDispatch(ComPtr<IDispatch> object) : far_(std::move(object)) {}
 
-  /// A failure that the object raises keeps its number, source and description. One of the way to it, such as the
-  /// end of the other process, keeps its number and gets the system's words.
+  /// A failure that the object raises keeps its number, source and description. One of the way to it, such as
+  /// the end of the other process, keeps its number and gets the system's words.
   Variant Invoke(Access access, TextView member, Args args) override;
 
   const ComPtr<IDispatch>& Far() const { return far_; }

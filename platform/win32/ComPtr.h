@@ -2,7 +2,6 @@
 #pragma once
 
 #include <unknwn.h>
-
 #include <utility>
 
 namespace kestrune {

@@ -21,7 +21,8 @@ Text HexNumber(HRESULT result) {
 }  // namespace
 
 Bstr::Bstr(TextView text)
-    : text_(SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()))) {
+    : text_(
+          SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()))) {
   if (!text_) throw std::bad_alloc();
 }
 

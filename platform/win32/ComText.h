@@ -1,9 +1,8 @@
 // Our text as Windows and COM hold it, and the owner of a BSTR.
 #pragma once
 
-#include <windows.h>
-
 #include <utility>
+#include <windows.h>
 
 #include "platform/Text.h"
 

@@ -1,9 +1,8 @@
 // What every COM object of ours shares: it is born with one reference and dies with the last one.
 #pragma once
 
-#include <oaidl.h>
-
 #include <atomic>
+#include <oaidl.h>
 #include <type_traits>
 
 namespace kestrune {

@@ -29,8 +29,7 @@ void HelpViewer::Show(int context) {
     html_help_ = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpA")));
   }
   const std::string path = ToSystemCodePage(file_);
-  if (html_help_)
-    html_help_(GetDesktopWindow(), path.c_str(), HH_HELP_CONTEXT, static_cast<DWORD_PTR>(context));
+  if (html_help_) html_help_(nullptr, path.c_str(), HH_HELP_CONTEXT, static_cast<DWORD_PTR>(context));
 }
 
 }  // namespace kestrune

@@ -1,9 +1,8 @@
 // MSXML in the newest version that the machine has.
 #pragma once
 
-#include <windows.h>
-
 #include <msxml2.h>
+#include <windows.h>
 
 #include "platform/Xml.h"
 #include "platform/win32/ComPtr.h"
@@ -14,8 +13,8 @@ namespace kestrune {
 /// AutomationError when the machine has no MSXML.
 ComPtr<IXMLDOMDocument> NewMsxmlDocument();
 
-/// Why `document` has refused `source`, which is a BSTR or an array of bytes. Where the document does not tell the
-/// place, the SAX reader is asked, which is a parser of its own and may know better.
+/// Why `document` has refused `source`, which is a BSTR or an array of bytes. Where the document does not
+/// tell the place, the SAX reader is asked, which is a parser of its own and may know better.
 XmlParseError MsxmlParseError(IXMLDOMDocument& document, const VARIANT& source);
 
 }  // namespace kestrune

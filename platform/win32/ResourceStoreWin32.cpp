@@ -10,8 +10,7 @@ namespace kestrune {
 Text StoredString(int id) {
   const wchar_t* text = nullptr;
   // Asked for a buffer of no size, the system gives the place of the text itself.
-  const int length =
-      LoadStringW(ThisModule(), static_cast<UINT>(id), reinterpret_cast<wchar_t*>(&text), 0);
+  const int length = LoadStringW(ThisModule(), static_cast<UINT>(id), reinterpret_cast<wchar_t*>(&text), 0);
   return Text(FromWide({text, static_cast<std::size_t>(length)}));
 }
 

@@ -1,8 +1,7 @@
 #include "platform/win32/Win32Folders.h"
 
-#include <windows.h>
-
 #include <shlobj.h>
+#include <windows.h>
 
 #include "platform/win32/ComText.h"
 #include "platform/win32/Module.h"

@@ -1,6 +1,7 @@
+#include "platform/Xml.h"
+
 #include "platform/Automation.h"
 #include "platform/Files.h"
-#include "platform/Xml.h"
 #include "platform/win32/ComText.h"
 #include "platform/win32/ComVariant.h"
 #include "platform/win32/Msxml.h"
@@ -219,8 +220,8 @@ XmlNode XmlDocument::AppendRoot(TextView name) {
   peer_->document = NewMsxmlDocument();
   IXMLDOMDocument* document = peer_->document.Get();
   ComPtr<IXMLDOMProcessingInstruction> declaration;
-  Require(document->createProcessingInstruction(Bstr(u"xml").Get(), Bstr(u"version=\"1.0\" encoding=\"UTF-8\"").Get(),
-                                                declaration.Out()));
+  Require(document->createProcessingInstruction(
+      Bstr(u"xml").Get(), Bstr(u"version=\"1.0\" encoding=\"UTF-8\"").Get(), declaration.Out()));
   Require(document->appendChild(declaration.Get(), nullptr));
   return XmlNode(HandleOf(AppendTo(document, document, name)));
 }
