@@ -64,8 +64,8 @@ Cost QueryPackage(const Workspace& workspace, int objects) {
 }
 
 const std::vector<Phase>& Phases() {
-  static const Sizes kQuick = {{1'000, 20}, {10'000, 10}, {100'000, 5}};
-  static const Sizes kMedium = {{1'000, 10}, {10'000, 4}, {100'000, 2}};
+  static const Sizes kQuick = {{1'000, 20}, {10'000, 10}, {100'000, 10}};
+  static const Sizes kMedium = {{1'000, 10}, {10'000, 5}, {100'000, 4}};
   static const Sizes kSlow = {{1'000, 5}, {10'000, 2}, {100'000, 1}};
   static const std::vector<Phase> phases = {
       {"load the export", kQuick, LoadExport, ParseExport},

@@ -5,6 +5,12 @@
 
 namespace kestrune {
 
+std::string ForTerminal(TextView text) {
+  std::string utf8 = ToUtf8(text);
+  std::erase(utf8, '\r');
+  return utf8;
+}
+
 /// Prints a list box line by line. The last line is held back until another one follows, and so are those
 /// that only continue it: the head of a group of changes is rewritten when its second change comes.
 class ConsoleDesktop::LinePrinter : public FormPeer {
@@ -33,7 +39,7 @@ class ConsoleDesktop::LinePrinter : public FormPeer {
 
  private:
   void Print(std::size_t end) {
-    for (; printed_ < end; ++printed_) out_ << ToUtf8(list_.Items()[printed_]) << '\n';
+    for (; printed_ < end; ++printed_) out_ << ForTerminal(list_.Items()[printed_]) << '\n';
     out_.flush();
   }
 
@@ -57,15 +63,19 @@ void ConsoleDesktop::Use(Form& form) {
 
 void ConsoleDesktop::Print(const Message& message) {
   for (LinePrinter* printer : printers_) printer->Flush();
-  err_ << "[" << ToUtf8(message.Title) << "] " << ToUtf8(message.Body) << std::endl;
+  err_ << "[" << ForTerminal(message.Title) << "] " << ForTerminal(message.Body) << std::endl;
 }
 
 Answer ConsoleDesktop::AnswerTo(const Message& message) {
   Print(message);
   if (message.Buttons == Buttons::kOk) return Answer::kOk;
   if (fixed_answer_) return *fixed_answer_;
-  const auto entry = TextFor(message.Title, u"Yes or No?");
-  return entry && (*entry == u"y" || *entry == u"yes" || *entry == u"Yes") ? Answer::kYes : Answer::kNo;
+  while (const auto entry = TextFor(message.Title, u"Yes or No?")) {
+    const Text word = AsciiLower(Trim(*entry));
+    if (word == u"y" || word == u"yes") return Answer::kYes;
+    if (word == u"n" || word == u"no") break;
+  }
+  return Answer::kNo;
 }
 
 std::optional<Text> ConsoleDesktop::TextFor(const Text&, const Text& prompt) {

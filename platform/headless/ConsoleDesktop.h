@@ -9,9 +9,13 @@
 
 namespace kestrune {
 
+/// UTF-8, with line feeds for line ends.
+std::string ForTerminal(TextView text);
+
 class ConsoleDesktop : public HeadlessDesktop {
  public:
-  /// Without a fixed answer every question is asked: "y" or "yes" is Yes, anything else No.
+  /// Without a fixed answer every question is asked, until the answer is y, yes, n or no in any case; the end
+  /// of the input is No.
   ConsoleDesktop(std::istream& in, std::ostream& out, std::ostream& err, std::optional<Answer> fixed_answer)
       : in_(in), out_(out), err_(err), fixed_answer_(fixed_answer) {}
 

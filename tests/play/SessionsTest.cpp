@@ -29,13 +29,9 @@ class SessionTest : public ::testing::Test {
     Run({"new", At("model"), "--package", "Requirements"});
   }
   std::string At(const std::string& name) const { return ToUtf8(folder_.File(FromUtf8(name))); }
-  /// The lines shown end in line feeds, whatever the message boxes have.
   void Run(const std::vector<std::string>& words) {
     shown_.str("");
     status_ = workbench::RunWorkbench(words, {in_, shown_, shown_});
-    std::string lines = shown_.str();
-    std::erase(lines, '\r');
-    shown_.str(lines);
   }
   void Play(const std::string& script) {
     Run({"play", script, "--model", At("model"), "--doors", At("doors"), "--package", "Requirements",

@@ -12,6 +12,7 @@ namespace {
 constexpr const char* kItem =
     "SELECT id, ifnull(parent, 0), type, name, description, prefix, deleted, readable FROM item ";
 constexpr int kDeepest = 1000;  // folders in folders; more means that they form a circle
+constexpr TextView kNoDatabase = u"file is not a database";  // SQLite's words
 
 std::string ItemsWhere(const char* rest) {
   return std::string(kItem) + rest;
@@ -23,7 +24,7 @@ DoorsDatabase::DoorsDatabase(const std::filesystem::path& path, Origin origin)
     : database_(origin == kNew ? Database::Create(path) : Database::Open(path)) {
   if (origin == kNew) {
     MakeTables();
-  } else if (!HasOurTables()) {
+  } else if (!HasOurTables(path)) {
     throw AutomationError(error::kFileFailure, u"DoorsDatabase",
                           FromPath(path) + u": the file is no database of the DOORS stand-in");
   }
@@ -39,15 +40,16 @@ void DoorsDatabase::MakeTables() {
   transaction.Commit();
 }
 
-bool DoorsDatabase::HasOurTables() try {
+bool DoorsDatabase::HasOurTables(const std::filesystem::path& path) try {
   const auto pragma = [this](const char* sql) {
     Statement statement = database_.PrepareOnce(sql);
     return statement.Step() ? statement.Int(0) : 0;
   };
   return pragma("PRAGMA application_id") == kDoorsApplicationId &&
          pragma("PRAGMA user_version") == kDoorsSchemaVersion;
-} catch (const AutomationError&) {  // not even a database
-  return false;
+} catch (const AutomationError& failure) {
+  if (failure.Description == kNoDatabase) return false;
+  throw AutomationError(failure.Number, failure.Source, FromPath(path) + u": " + failure.Description);
 }
 
 std::vector<Item> DoorsDatabase::Select(Statement row) {

@@ -59,7 +59,7 @@ class DoorsDatabase {
   enum Origin { kNew, kExisting };
   DoorsDatabase(const std::filesystem::path& path, Origin origin);
   void MakeTables();
-  bool HasOurTables();
+  bool HasOurTables(const std::filesystem::path& path);
   std::vector<Item> Select(Statement statement);
 
   Database database_;

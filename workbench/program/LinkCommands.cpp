@@ -104,6 +104,11 @@ void EditOptions(const Settings& settings, const std::string& view, const std::s
   Machine machine(settings, terminal);
   const Text mapping_template = template_file.empty() ? Text() : TextFile(template_file);
   machine.Desktop().UseForm<frmOptions>([&](frmOptions& form) {
+    const bool is_locked = !form.cmdOK.Enabled();
+    if (is_locked) form.cmdCancel.Press();
+    if (is_locked && (!view.empty() || !mapping_template.empty()))
+      throw CommandError(u"The package is locked; its options cannot be changed.");
+    if (is_locked) return;
     if (!view.empty()) ChooseView(form, FromUtf8(view));
     if (!mapping_template.empty()) PasteTemplate(form, machine.Desktop(), mapping_template);
     form.cmdOK.Press();

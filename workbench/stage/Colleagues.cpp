@@ -9,6 +9,10 @@ void AddViewTo(DoorsDatabase& database, const Text& module, const Text& name, co
   const auto item = database.FindPath(module);
   if (!item || !item->IsModule()) throw CommandError(u"DOORS has no module \"" + module + u"\".");
   Database& sql = database.Sql();
+  sql.Prepare("DELETE FROM view_filter WHERE view IN (SELECT id FROM view WHERE module = ? AND name = ?)",
+              item->id, name)
+      .Run();
+  sql.Prepare("DELETE FROM view WHERE module = ? AND name = ?", item->id, name).Run();
   sql.Prepare("INSERT INTO view (module, name) VALUES (?, ?)", item->id, name).Run();
   sql.Prepare("INSERT INTO view_filter (view, attribute, operator, value) VALUES (?, ?, 'equals', ?)",
               sql.LastInsertId(), attribute, value)

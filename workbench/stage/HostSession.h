@@ -26,8 +26,9 @@ class HostSession {
   /// By name or path.
   void SelectPackage(TextView path_or_name);
   /// The host's own commands that link the selected package and take its link away; true when they did.
+  /// Throws CommandError when there is no link to take away.
   bool Connect() { return add_in_->Plexa_Connect(Repository(), package_.Id, package_.Guid); }
-  bool Disconnect() { return add_in_->Plexa_Disconnect(Repository(), package_.Guid); }
+  bool Disconnect();
   /// Clicks an item of the add-in's menu, given as it stands there or by its text's id; throws CommandError
   /// when the menu does not offer it, such as Import where the package is not linked.
   void ClickMenu(const Text& item);
@@ -36,6 +37,11 @@ class HostSession {
   void SetLocked(bool locked) { model_.SetLocked(package_.ElementId, locked); }
 
  private:
+  /// The items of the add-in's menu, and the menu's own name.
+  std::vector<Text> MenuItems(const Text& menu) const;
+  Text MenuName() const;
+  [[noreturn]] void RefuseUnlinked() const;
+
   OrimModel model_;
   PackageInfo package_;
   AddInCallbacks* add_in_ = nullptr;

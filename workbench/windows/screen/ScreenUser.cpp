@@ -5,6 +5,8 @@
 #include <ostream>
 #include <thread>
 
+#include "platform/headless/ConsoleDesktop.h"
+
 namespace kestrune::workbench {
 
 using play::Statement;
@@ -177,7 +179,7 @@ void ScreenUser::Attend(HWND window) {
 void ScreenUser::AnswerBox(HWND box) {
   Message message;
   Look(PrintingAfter([&] { message = MessageIn(box); }));
-  err_ << "[" << ToUtf8(message.Title) << "] " << ToUtf8(message.Body) << std::endl;
+  err_ << "[" << ForTerminal(message.Title) << "] " << ForTerminal(message.Body) << std::endl;
   const HWND button = ButtonOf(box, player_->Decide(message));
   Do([button] { Press(button); });
 }
