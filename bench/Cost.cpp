@@ -6,6 +6,7 @@
 #include <malloc.h>
 #include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
@@ -38,6 +39,12 @@ void ResetPeak() {
   }
 }
 
+double KernelSeconds() {
+  rusage usage{};
+  getrusage(RUSAGE_THREAD, &usage);
+  return static_cast<double>(usage.ru_stime.tv_sec) + static_cast<double>(usage.ru_stime.tv_usec) * 1e-6;
+}
+
 }  // namespace
 
 double CpuSeconds() {
@@ -50,6 +57,7 @@ void Cost::KeepBest(const Cost& other) {
   if (other.Seconds < Seconds) {
     Seconds = other.Seconds;
     HostSeconds = other.HostSeconds;
+    KernelSeconds = other.KernelSeconds;
   }
   PeakMb = std::min(PeakMb, other.PeakMb);
 }
@@ -75,9 +83,12 @@ Cost Measure(const std::function<void()>& work) {
   ResetPeak();
   const double before = StatusMb("VmRSS");
   const double start = CpuSeconds();
+  const double kernel_start = KernelSeconds();
   work();
   const double end = CpuSeconds();
-  return {.Seconds = end - start, .PeakMb = StatusMb("VmHWM") - before};
+  return {.Seconds = end - start,
+          .KernelSeconds = KernelSeconds() - kernel_start,
+          .PeakMb = StatusMb("VmHWM") - before};
 }
 
 }  // namespace kestrune::bench

@@ -20,8 +20,8 @@ struct Result {
   double MemoryRatio() const { return Ours.PeakMb / Bare->PeakMb; }
 };
 
-/// Prints a table in Markdown. Its column "growth" is the time in proportion to that of a tenth of the
-/// objects: 10 is linear.
+/// Prints a table in Markdown. Its column "growth" is the time outside of the kernel in proportion to that of
+/// a tenth of the objects: 10 is linear.
 void PrintReport(const std::vector<Result>& results, std::ostream& out);
 
 }  // namespace kestrune::bench

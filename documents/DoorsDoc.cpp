@@ -126,20 +126,20 @@ void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
 
 void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses,
                           std::vector<Text>& extras) {
+  const auto put = [&](const Use& use, Text content) {
+    if (use.IsExtra)
+      extras[use.Column] = std::move(content);
+    else
+      table_.At(row, use.Column) = std::move(content);
+  };
   for (XmlNode value = object.FirstChild(); value; value = value.NextSibling()) {
     const auto id = IdOfElement(value.Name());
     if (!id) continue;
     if (*id == 0) table_.At(row, column::kKey) = NumericValue(value.Content());
     if (*id >= uses.size() || uses[*id].empty()) continue;
     Text content = WidenLineFeeds(value.Content());
-    for (const Use& use : uses[*id]) {
-      const bool is_last = &use == &uses[*id].back();
-      Text copy = is_last ? std::move(content) : content;
-      if (use.IsExtra)
-        extras[use.Column] = std::move(copy);
-      else
-        table_.At(row, use.Column) = std::move(copy);
-    }
+    for (std::size_t i = 1; i < uses[*id].size(); ++i) put(uses[*id][i], content);
+    put(uses[*id].front(), std::move(content));
   }
   for (std::size_t i = 0; i < requests_.size(); ++i) {
     Text& extra = extras[i + 1];
