@@ -59,11 +59,14 @@ format: setup-checks
 format-check: setup-checks
 	clang-format --dry-run --Werror $(sources) || { echo 'Run "make format".' >&2; exit 1; }
 
-# What is for Windows alone is not in the native build's list of commands.
+# The rooms that clang-tidy 14 can read: it knows no aggregates made by make_shared, which the stand-ins use, and no
+# headers of Windows.
+tidied = $(shell git ls-files $(foreach room,platform orim common doors options documents import addin workbench/stage \
+  workbench/program,'$(room)/*.cpp') | grep -v -e /win32/ -e /com/)
+
 tidy: setup setup-checks
 	cmake --preset tidy
-	clang-tidy -p build/tidy --quiet --extra-arg=-Wno-unknown-warning-option $(filter-out platform/win32/% addin/com/% workbench/windows/% tests/windows/%, \
-	  $(filter %.cpp,$(sources)))
+	clang-tidy -p build/tidy --quiet --extra-arg=-Wno-unknown-warning-option $(tidied)
 
 setup:
 	@scripts/setup.sh
