@@ -2,8 +2,8 @@
 
 #include "common/Resources.h"
 #include "platform/Files.h"
-#include "workbench/doors/DoorsStandIn.h"
-#include "workbench/doors/xml/DomDocument.h"
+#include "standins/doors-database/DoorsStandIn.h"
+#include "standins/doors-database/xml/DomDocument.h"
 
 namespace kestrune::bench {
 
@@ -11,17 +11,17 @@ namespace {
 
 class DomFactory : public ObjectFactory {
  public:
-  Object Create(TextView) override { return workbench::MakeDomDocument(); }
+  Object Create(TextView) override { return standins::MakeDomDocument(); }
 };
 
 }  // namespace
 
 Cost RunExportScript(const Workspace& workspace, int objects) {
-  auto database = workbench::DoorsDatabase::Create(":memory:");
+  auto database = standins::DoorsDatabase::Create(":memory:");
   FillDatabase(database, objects);
   DomFactory documents;
-  workbench::DoorsStandIn doors(database, workspace.Path(), documents);
-  workbench::ScriptOutcome outcome;
+  standins::DoorsStandIn doors(database, workspace.Path(), documents);
+  standins::ScriptOutcome outcome;
   const Cost cost = Measure([&] {
     outcome = doors.RunScript(LoadDxl(dxl_script::kExportModule), Text(kModulePath) + u"~0~~", u"export");
   });

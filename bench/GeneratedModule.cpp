@@ -223,7 +223,7 @@ void WriteObject(std::ostream& out, const GeneratedObject& object) {
 }
 
 /// The ids of the module's attribute definitions, by their place in the export; 0 for what DOORS works out.
-std::array<std::int64_t, kNames.size()> MakeAttributes(workbench::Database& sql, std::int64_t module) {
+std::array<std::int64_t, kNames.size()> MakeAttributes(standins::Database& sql, std::int64_t module) {
   for (std::size_t i = kFixedAttributes; i < kNames.size(); ++i)
     sql.Prepare("INSERT INTO attribute (module, position, name) VALUES (?, ?, ?)", module, i,
                 FromUtf8(kNames[i]))
@@ -266,9 +266,9 @@ void WriteExport(const Text& path, int count, Edition edition) {
   if (!out) throw std::runtime_error("cannot write " + ToUtf8(path));
 }
 
-void FillDatabase(workbench::DoorsDatabase& database, int count) {
-  workbench::Database& sql = database.Sql();
-  workbench::Transaction transaction(sql);
+void FillDatabase(standins::DoorsDatabase& database, int count) {
+  standins::Database& sql = database.Sql();
+  standins::Transaction transaction(sql);
   const auto make_item = [&sql](std::int64_t parent, TextView type, TextView name) {
     sql.Prepare("INSERT INTO item (parent, type, name, prefix) VALUES (?, ?, ?, ?)", parent, type, name,
                 FromUtf8(kPrefix))
@@ -276,7 +276,7 @@ void FillDatabase(workbench::DoorsDatabase& database, int count) {
     return sql.LastInsertId();
   };
   const auto module =
-      make_item(make_item(workbench::DoorsDatabase::kRoot, u"Project", u"Plant"), u"Formal", u"Requirements");
+      make_item(make_item(standins::DoorsDatabase::kRoot, u"Project", u"Plant"), u"Formal", u"Requirements");
   const auto attributes = MakeAttributes(sql, module);
   ForEachObject(count, Edition::kFirst, [&](const GeneratedObject& object) {
     const Variant parent = object.Parent == 0 ? Variant() : Variant(object.Parent);

@@ -5,7 +5,7 @@
 #include <array>
 #include <functional>
 
-#include "workbench/doors/DoorsDatabase.h"
+#include "standins/doors-database/DoorsDatabase.h"
 
 namespace kestrune::bench {
 
@@ -33,7 +33,7 @@ void WriteExport(const Text& path, int count, Edition edition);
 
 inline constexpr TextView kModulePath = u"/Plant/Requirements";
 /// Makes the module in a database without it.
-void FillDatabase(workbench::DoorsDatabase& database, int count);
+void FillDatabase(standins::DoorsDatabase& database, int count);
 
 /// What the user maps besides the default rules: four fields and four tagged values.
 inline constexpr std::array<TextView, 8> kOwnRules = {

@@ -12,7 +12,7 @@ namespace kestrune::bench {
 namespace {
 
 /// A DOORS that has written its export beforehand.
-class ExportedDoors : public workbench::StandInObject<ExportedDoors> {
+class ExportedDoors : public standins::StandInObject<ExportedDoors> {
  public:
   static constexpr const char16_t* kClassName = u"ExportedDoors";
   explicit ExportedDoors(Text export_path) : export_path_(std::move(export_path)) {}
@@ -38,11 +38,11 @@ class ExportedDoors : public workbench::StandInObject<ExportedDoors> {
 }  // namespace
 
 void MakeLinkedPackage(const Text& folder, const Text& model_path) {
-  auto model = workbench::OrimModel::Create(ToPath(model_path));
+  auto model = standins::OrimModel::Create(ToPath(model_path));
   model.SelectPackage(model.AddPackage(0, u"Requirements"));
   const orim::Package package = orim::Repository(model.Repository()).SelectedPackage();
-  ScriptedDesktop desktop(Fail);
-  const FixedFolders folders(folder);
+  standins::ScriptedDesktop desktop(Fail);
+  const standins::FixedFolders folders(folder);
   struct : ObjectFactory {
     Object Create(TextView) override { return {}; }
   } objects;
@@ -58,7 +58,7 @@ void MakeLinkedPackage(const Text& folder, const Text& model_path) {
 LinkedPackage::LinkedPackage(const Text& folder, const Text& model_path)
     : desktop_(Fail),
       folders_(folder),
-      model_(workbench::OrimModel::Open(ToPath(model_path))),
+      model_(standins::OrimModel::Open(ToPath(model_path))),
       repository_(Object(std::make_shared<TimedObject>(model_.Repository().Peer(), host_seconds_))) {
   repository_.CreateOutputTab(u"DOORS");
   desktop_.AddWindow({u"DOORSWindow", 0x04CF0000});

@@ -4,9 +4,9 @@
 #include "bench/Cost.h"
 #include "documents/OrimDoc.h"
 #include "doors/Doors.h"
-#include "platform/headless/FixedFolders.h"
-#include "platform/headless/ScriptedDesktop.h"
-#include "workbench/orim/OrimModel.h"
+#include "standins/desktop/FixedFolders.h"
+#include "standins/desktop/ScriptedDesktop.h"
+#include "standins/host-model/OrimModel.h"
 
 namespace kestrune::bench {
 
@@ -35,11 +35,11 @@ class LinkedPackage : private ObjectFactory {
   Cost MeasureWithHost(const std::function<void()>& work);
 
   Text export_path_;
-  ScriptedDesktop desktop_;
-  FixedFolders folders_;
+  standins::ScriptedDesktop desktop_;
+  standins::FixedFolders folders_;
   Platform platform_{desktop_, folders_, *this};
   Doors doors_{platform_};
-  workbench::OrimModel model_;
+  standins::OrimModel model_;
   double host_seconds_ = 0;
   orim::Repository repository_;
 };

@@ -35,8 +35,8 @@ add_library(Kestrune MODULE ${com_entry} ${PROJECT_SOURCE_DIR}/addin/com/Kestrun
 set_target_properties(Kestrune PROPERTIES PREFIX "" SUFFIX ".dll")
 add_dependencies(Kestrune kestrune-type-library)
 target_include_directories(Kestrune SYSTEM PRIVATE ${KESTRUNE_GENERATED})
-target_precompile_headers(Kestrune REUSE_FROM kestrune-platform)
-target_link_libraries(Kestrune PRIVATE kestrune-addin kestrune-resources)
+target_precompile_headers(Kestrune REUSE_FROM platform-room)
+target_link_libraries(Kestrune PRIVATE addin-room kestrune-resources)
 target_link_options(Kestrune PRIVATE -Wl,--kill-at,--enable-stdcall-fixup,--no-undefined,--dynamicbase,--nxcompat
                     $<$<CONFIG:Release>:-s>)
 add_custom_command(TARGET Kestrune POST_BUILD

@@ -1,2 +1,2 @@
 # Plays on real windows.
-kestrune_room(workbench/windows/screen kestrune-workbench-play)
+kestrune_room(standins/windows/screen standins-play-room)

@@ -14,5 +14,5 @@ include(cmake/WindowsStandIns.cmake)
 
 include(cmake/Screen.cmake)
 include(cmake/WindowsTests.cmake)
-add_subdirectory(tests/windows/screen)
+add_subdirectory(tests/standins/windows/screen)
 add_subdirectory(tests/windows/sessions)

@@ -17,14 +17,12 @@ find_path(CLI11_DIR CLI/CLI.hpp PATHS /usr/include NO_DEFAULT_PATH NO_CMAKE_FIND
 file(CREATE_LINK ${CLI11_DIR}/CLI ${PROJECT_BINARY_DIR}/include/CLI SYMBOLIC)
 
 kestrune_stand_in_rooms()
-kestrune_room(workbench/windows/process kestrune-platform)
-kestrune_room(workbench/windows/doors kestrune-workbench-doors kestrune-workbench-windows-process)
-add_executable(doors-program workbench/windows/doors/main.cpp)  # kestrune-doors is a room
-set_target_properties(doors-program PROPERTIES OUTPUT_NAME kestrune-doors)
-target_link_libraries(doors-program PRIVATE kestrune-workbench-windows-doors)
+kestrune_room(standins/windows/process platform-room)
+kestrune_room(standins/windows/doors standins-doors-database-room standins-windows-process-room)
+add_executable(kestrune-doors standins/windows/doors/main.cpp)
+target_link_libraries(kestrune-doors PRIVATE standins-windows-doors-room)
 
-kestrune_room(workbench/windows/host kestrune-workbench-stage kestrune-workbench-windows-process)
-add_executable(kestrune-host workbench/windows/host/main.cpp)
-add_dependencies(kestrune-host doors-program)
-target_link_libraries(kestrune-host PRIVATE kestrune-workbench-windows-host kestrune-workbench-windows-screen
-                      kestrune-resources)  # the texts of the menu, by which a user knows its items
+kestrune_room(standins/windows/host standins-stage-room standins-windows-process-room)
+add_executable(kestrune-host standins/windows/host/main.cpp)
+add_dependencies(kestrune-host kestrune-doors)
+target_link_libraries(kestrune-host PRIVATE standins-windows-host-room standins-windows-screen-room)

@@ -64,7 +64,6 @@ void frmImport::Timer1_Tick() {
 }
 
 void frmImport::RunTransfer() {
-  open_group_ = -1;
   Progress(LoadResText(text::kConnecting));
   if (!doors_.EnsureDoors()) return Close();
   const orim::Package package = repository_.SelectedPackage();
@@ -204,28 +203,19 @@ void frmImport::ReportBadExport(const Text& composed) {
 }
 
 void frmImport::Progress(const Text& msg) {
-  List1.AddItem(msg);
-  List1.SetListIndex(static_cast<int>(List1.Items().size()) - 1);
-  List1.Repaint();
+  ShowLines(lines_.Add(msg));
 }
 
 void frmImport::ProgressModify(const Text& ID, const Text& Modification) {
-  const Text head = u"   " + ID + u":";
-  const bool same_item =
-      open_group_ >= 0 && TextView(List1.Items()[static_cast<std::size_t>(open_group_)]).starts_with(head);
-  if (!same_item) {
-    Progress(head + u" ... " + Modification);
-    open_group_ = static_cast<int>(List1.Items().size()) - 1;
-    return;
-  }
-  const auto group = static_cast<std::size_t>(open_group_);
-  const Text line = List1.Items()[group];
-  if (line.size() > head.size()) {
-    // The group's first change still stands in its head: it moves to a line of its own.
-    List1.AddItem(u"    " + line.substr(head.size() + 1));
-    List1.SetItem(group, head);
-  }
-  Progress(u"    ... " + Modification);
+  ShowLines(lines_.AddChange(ID, Modification));
+}
+
+void frmImport::ShowLines(std::size_t first_changed) {
+  const auto& lines = lines_.All();
+  if (first_changed < List1.Items().size()) List1.SetItem(first_changed, lines[first_changed]);
+  for (std::size_t next = List1.Items().size(); next < lines.size(); ++next) List1.AddItem(lines[next]);
+  List1.SetListIndex(static_cast<int>(lines.size()) - 1);
+  List1.Repaint();
 }
 
 }  // namespace kestrune

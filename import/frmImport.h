@@ -4,6 +4,7 @@
 #include "documents/DoorsDoc.h"
 #include "documents/ImportProgress.h"
 #include "doors/Doors.h"
+#include "import/ImportLines.h"
 #include "import/Synchronisation.h"
 #include "options/Options.h"
 
@@ -22,6 +23,8 @@ class frmImport : public Form, public ImportProgress {
 
   void Progress(const Text& msg) override;
   void ProgressModify(const Text& ID, const Text& Modification) override;
+
+  const ImportLines& Lines() const { return lines_; }
 
   Label Label1{this, u"Label1"};
   ListBox List1{this, u"List1"};
@@ -45,6 +48,7 @@ class frmImport : public Form, public ImportProgress {
   void ExcludeField(const Text& field);
   void Finish();
   void ShowSummary(int line_id, std::size_t count);
+  void ShowLines(std::size_t first_changed);
   void ReportFailure(const AutomationError& failure);
   void ReportBadExport(const Text& composed);
 
@@ -52,7 +56,7 @@ class frmImport : public Form, public ImportProgress {
   Desktop& desktop_;
   orim::Repository repository_;
   std::int32_t direction_ = 0;
-  int open_group_ = -1;  // the line that heads the present group of changes
+  ImportLines lines_;
   Text export_path_;
   std::unique_ptr<Options> options_;
   std::unique_ptr<DoorsDoc> doors_doc_;

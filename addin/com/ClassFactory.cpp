@@ -1,8 +1,8 @@
 #include "addin/com/ClassFactory.h"
 
 #include "addin/com/ComOrimDoors.h"
-#include "platform/win32/ComPtr.h"
-#include "platform/win32/Failure.h"
+#include "platform/com/ComPtr.h"
+#include "platform/com/Failure.h"
 
 namespace kestrune {
 

@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "addin/com/ModuleLock.h"
-#include "platform/win32/Counted.h"
+#include "platform/com/Counted.h"
 
 namespace kestrune {
 

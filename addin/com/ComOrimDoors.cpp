@@ -1,9 +1,9 @@
 #include "addin/com/ComOrimDoors.h"
 
 #include "addin/com/TypeLibrary.h"
-#include "platform/win32/ComText.h"
-#include "platform/win32/ComVariant.h"
-#include "platform/win32/Failure.h"
+#include "platform/com/ComText.h"
+#include "platform/com/ComVariant.h"
+#include "platform/com/Failure.h"
 
 namespace kestrune {
 

@@ -7,11 +7,11 @@
 
 #include "addin/OrimDoors.h"
 #include "addin/com/ModuleLock.h"
-#include "platform/win32/ComObjectFactory.h"
-#include "platform/win32/ComPtr.h"
-#include "platform/win32/Counted.h"
-#include "platform/win32/Win32Desktop.h"
-#include "platform/win32/Win32Folders.h"
+#include "platform/com/ComObjectFactory.h"
+#include "platform/com/ComPtr.h"
+#include "platform/com/Counted.h"
+#include "platform/windows/Win32Desktop.h"
+#include "platform/windows/Win32Folders.h"
 
 namespace kestrune {
 

@@ -6,8 +6,8 @@
 
 #include "addin/com/ClassFactory.h"
 #include "addin/com/Registration.h"
-#include "platform/win32/ComPtr.h"
-#include "platform/win32/Failure.h"
+#include "platform/com/ComPtr.h"
+#include "platform/com/Failure.h"
 
 using kestrune::Audience;
 

@@ -3,9 +3,9 @@
 #include <Kestrune_h.h>
 #include <vector>
 
-#include "platform/win32/ComText.h"
-#include "platform/win32/Failure.h"
-#include "platform/win32/Module.h"
+#include "platform/com/ComText.h"
+#include "platform/com/Failure.h"
+#include "platform/windows/Module.h"
 
 namespace kestrune {
 

@@ -1,8 +1,8 @@
 #include "addin/com/TypeLibrary.h"
 
-#include "platform/win32/ComText.h"
-#include "platform/win32/Failure.h"
-#include "platform/win32/Module.h"
+#include "platform/com/ComText.h"
+#include "platform/com/Failure.h"
+#include "platform/windows/Module.h"
 
 namespace kestrune {
 

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "platform/win32/ComPtr.h"
+#include "platform/com/ComPtr.h"
 
 namespace kestrune {
 

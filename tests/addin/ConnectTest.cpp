@@ -41,7 +41,7 @@ TEST_F(ConnectTest, GivingUpChangesNothing) {
   SetLocked(true);
   give_up("locked", {testing::kLockedMessage});
   SetLocked(false);
-  doors.SetState(workbench::DoorsState::kNotRunning);
+  doors.SetPhase(standins::DoorsPhase::kNotRunning);
   give_up("DOORS not running");
 }
 

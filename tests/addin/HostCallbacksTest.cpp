@@ -30,9 +30,9 @@ TEST_F(CallbacksTest, StartingUpLeavesALineInTheOutputTab) {
 }
 
 /// Folders of an add-in that lies wherever the test says.
-class MovedAddIn : public FixedFolders {
+class MovedAddIn : public standins::FixedFolders {
  public:
-  MovedAddIn(const Text& root, Text add_in) : FixedFolders(root), add_in_(std::move(add_in)) {}
+  MovedAddIn(const Text& root, Text add_in) : standins::FixedFolders(root), add_in_(std::move(add_in)) {}
   Text AddIn() const override { return add_in_; }
 
  private:

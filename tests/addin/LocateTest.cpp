@@ -82,7 +82,7 @@ TEST_F(LocateTest, IsSilentWhereThereIsNothingToLocate) {
   Messages();
   EXPECT_EQ(Locate(u"R2"), "") << "the package is not linked";
 
-  doors.SetState(workbench::DoorsState::kNotRunning);
+  doors.SetPhase(standins::DoorsPhase::kNotRunning);
   EXPECT_EQ(Locate(u"R2"), "") << "DOORS is not running and the user will not wait";
 }
 

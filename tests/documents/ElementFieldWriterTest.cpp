@@ -5,8 +5,8 @@
 namespace kestrune {
 namespace {
 
+using standins::HostFaults;
 using testing::TestHost;
-using workbench::HostFaults;
 
 struct RecordedProgress : ImportProgress {
   void Progress(const Text& msg) override { lines.push_back(msg); }

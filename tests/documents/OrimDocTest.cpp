@@ -4,8 +4,8 @@
 namespace kestrune {
 namespace {
 
+using standins::ColumnSpelling;
 using testing::TestHost;
-using workbench::ColumnSpelling;
 
 struct OrimDocTest : ::testing::Test, TestHost {
   OrimDocTest() {

@@ -10,10 +10,10 @@ using testing::TestPlatform;
 using DoorsTest = testing::DoorsFixture;
 
 TEST_F(DoorsTest, TheWindowTellsTheState) {
-  const SimulatedWindow main{u"DOORSWindow", 0x04CF0000}, login{u"DOORSWindow", 0x04C80000},
+  const standins::SimulatedWindow main{u"DOORSWindow", 0x04CF0000}, login{u"DOORSWindow", 0x04C80000},
       hidden{u"DOORSWindow", 0x04CF0000, false};
   const struct {
-    std::vector<SimulatedWindow> windows;
+    std::vector<standins::SimulatedWindow> windows;
     DoorsState state;
     WindowHandle window;
   } cases[] = {

@@ -3,8 +3,8 @@
 namespace kestrune {
 namespace {
 
+using standins::HostFaults;
 using testing::ImportFixture;
-using workbench::HostFaults;
 
 using testing::ExportedObject;
 

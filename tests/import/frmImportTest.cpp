@@ -9,36 +9,6 @@ struct ImportWindowTest : ImportFixture {
   ImportWindowTest() { StoreRules({u"Object Heading --> Name"}); }
 };
 
-TEST(ProgressTest, ChangesOfOneItemInARowAreGrouped) {
-  using Change = std::pair<Text, Text>;
-  const struct {
-    const char* name;
-    std::vector<Change> changes;
-    std::vector<Text> lines;
-  } cases[] = {
-      {"once", {{u"REQ-12", u"x"}}, {u"before", u"   REQ-12: ... x"}},
-      {"twice", {{u"A", u"x"}, {u"A", u"y"}}, {u"before", u"   A:", u"    ... x", u"    ... y"}},
-      {"three times",
-       {{u"A", u"x"}, {u"A", u"y"}, {u"A", u"z"}},
-       {u"before", u"   A:", u"    ... x", u"    ... y", u"    ... z"}},
-      {"in turn",
-       {{u"A", u"x"}, {u"B", u"y"}, {u"A", u"z"}},
-       {u"before", u"   A: ... x", u"   B: ... y", u"   A: ... z"}},
-      {"a name that another begins with",
-       {{u"REQ-1", u"x"}, {u"REQ-12", u"y"}, {u"REQ-1", u"z"}},
-       {u"before", u"   REQ-1: ... x", u"   REQ-12: ... y", u"   REQ-1: ... z"}},
-  };
-  testing::TestPlatform test;
-  Doors doors(test.platform);
-  for (const auto& each : cases) {
-    frmImport form(doors);
-    form.Progress(u"before");
-    for (const auto& [item, change] : each.changes) form.ProgressModify(item, change);
-    EXPECT_EQ(form.List1.Items(), each.lines) << each.name;
-    EXPECT_EQ(form.List1.ListIndex(), static_cast<int>(each.lines.size()) - 1) << each.name;
-  }
-}
-
 TEST_F(ImportWindowTest, ShowsEveryStepOfAnImport) {
   application->Objects = {{{"a1", u"R1"}, {"a9", u"Scope"}}};
   EXPECT_EQ(Import(),

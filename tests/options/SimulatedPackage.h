@@ -5,11 +5,11 @@
 #include <algorithm>
 
 #include "orim/Package.h"
-#include "workbench/StandInObject.h"
+#include "standins/StandInObject.h"
 
 namespace kestrune::testing {
 
-using workbench::StandInObject;
+using standins::StandInObject;
 
 /// What the model holds, and what befalls whoever works on it.
 struct PackageModel {

@@ -4,14 +4,14 @@
 
 #include "common/Resources.h"
 #include "platform/Files.h"
-#include "workbench/StandInObject.h"
+#include "standins/StandInObject.h"
 
 namespace kestrune::testing {
 
 /// One object of an export: its values by the element's name, such as "a1".
 using ExportedObject = std::vector<std::pair<std::string, Text>>;
 
-class SimulatedDoors : public workbench::StandInObject<SimulatedDoors> {
+class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
  public:
   static constexpr const char16_t* kClassName = u"SimulatedDoors";
   explicit SimulatedDoors(Text export_path = {}) : export_path_(std::move(export_path)) {}

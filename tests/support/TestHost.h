@@ -3,8 +3,8 @@
 #pragma once
 
 #include "orim/Repository.h"
+#include "standins/host-model/OrimModel.h"
 #include "tests/support/TestPlatform.h"
-#include "workbench/orim/OrimModel.h"
 
 namespace kestrune::testing {
 
@@ -21,7 +21,7 @@ struct TestHost {
   orim::Package Package() const { return repository.PackageByID(package_id); }
   Text Guid() const { return Package().PackageGuid(); }
 
-  workbench::OrimModel model = workbench::OrimModel::Create(":memory:");
+  standins::OrimModel model = standins::OrimModel::Create(":memory:");
   std::int32_t package_id = model.AddPackage(0, u"Requirements");
   orim::Repository repository{model.Repository()};
 };

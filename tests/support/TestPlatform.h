@@ -7,8 +7,8 @@
 #include <random>
 
 #include "platform/Platform.h"
-#include "platform/headless/FixedFolders.h"
-#include "platform/headless/ScriptedDesktop.h"
+#include "standins/desktop/FixedFolders.h"
+#include "standins/desktop/ScriptedDesktop.h"
 
 namespace kestrune::testing {
 
@@ -45,8 +45,8 @@ class TestObjects : public ObjectFactory {
 
 struct TestPlatform {
   TempFolder folder;
-  ScriptedDesktop desktop{[](const std::string& what) { ADD_FAILURE() << what; }};
-  FixedFolders folders{folder.Path()};
+  standins::ScriptedDesktop desktop{[](const std::string& what) { ADD_FAILURE() << what; }};
+  standins::FixedFolders folders{folder.Path()};
   TestObjects objects;
   Platform platform{desktop, folders, objects};
 };

@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/HeadlessDesktop.h"
+#include "standins/desktop/HeadlessDesktop.h"
 
 namespace kestrune::testing {
 
-class Attendant : public HeadlessDesktop {
+class Attendant : public standins::HeadlessDesktop {
  public:
   /// Forms of this class are used by `use` from now on, which must close them. A form that has no user fails
   /// the test.

@@ -6,9 +6,9 @@
 #include <sstream>
 
 #include "platform/Files.h"
+#include "standins/doors-database/DoorsDatabase.h"
 #include "tests/support/TestPlatform.h"
-#include "workbench/doors/DoorsDatabase.h"
-#include "workbench/program/Program.h"
+#include "workbench/Program.h"
 
 namespace kestrune::testing {
 

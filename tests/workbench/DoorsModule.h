@@ -1,7 +1,7 @@
 // A formal module in a simulated DOORS database, made and edited by a test as a user of DOORS would.
 #pragma once
 
-#include "workbench/doors/DoorsDatabase.h"
+#include "standins/doors-database/DoorsDatabase.h"
 
 namespace kestrune::testing {
 
@@ -16,11 +16,11 @@ class DoorsModule {
   };
 
   /// Makes the module in the project "P", and the project where it is missing.
-  DoorsModule(workbench::DoorsDatabase& database, const Text& name, const Text& prefix = u"R")
+  DoorsModule(standins::DoorsDatabase& database, const Text& name, const Text& prefix = u"R")
       : sql_(database.Sql()), path_(u"/P/" + name) {
     if (!database.FindPath(u"/P"))
       sql_.Prepare("INSERT INTO item (parent, type, name) VALUES (1, 'Project', 'P')").Run();
-    const workbench::ItemId project = database.FindPath(u"/P")->id;
+    const standins::ItemId project = database.FindPath(u"/P")->id;
     sql_.Prepare("INSERT INTO item (parent, type, name, prefix) VALUES (?, 'Formal', ?, ?)", project, name,
                  prefix)
         .Run();
@@ -91,8 +91,8 @@ class DoorsModule {
   }
 
  private:
-  workbench::Database& sql_;
-  workbench::ItemId id_ = 0;
+  standins::Database& sql_;
+  standins::ItemId id_ = 0;
   Text path_;
 };
 

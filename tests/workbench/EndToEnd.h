@@ -10,12 +10,12 @@
 #include "doors/frmConnectProgress.h"
 #include "import/frmImport.h"
 #include "options/frmOptions.h"
+#include "standins/doors-database/DoorsStandIn.h"
+#include "standins/doors-database/SimulatedDoorsWindows.h"
+#include "standins/doors-database/xml/DomDocument.h"
 #include "tests/support/TestHost.h"
 #include "tests/workbench/Attendant.h"
 #include "tests/workbench/DoorsModule.h"
-#include "workbench/doors/DoorsStandIn.h"
-#include "workbench/doors/SimulatedDoorsWindows.h"
-#include "workbench/doors/xml/DomDocument.h"
 
 namespace kestrune::testing {
 
@@ -73,10 +73,10 @@ class EndToEnd : public TestHost, private ObjectFactory {
 
   TempFolder folder;
   Attendant desktop;
-  FixedFolders folders{folder.Path()};
-  workbench::DoorsDatabase database = workbench::DoorsDatabase::Create(":memory:");
-  workbench::DoorsStandIn doors{database, folders.Temp(), *this,
-                                std::make_unique<workbench::SimulatedDoorsWindows>(desktop)};
+  standins::FixedFolders folders{folder.Path()};
+  standins::DoorsDatabase database = standins::DoorsDatabase::Create(":memory:");
+  standins::DoorsStandIn doors{database, folders.Temp(), *this,
+                               std::make_unique<standins::SimulatedDoorsWindows>(desktop)};
   Platform platform{desktop, folders, *this};
   OrimDoors add_in{platform};
 
@@ -86,7 +86,7 @@ class EndToEnd : public TestHost, private ObjectFactory {
  private:
   Object Create(TextView prog_id) override {
     if (prog_id == u"Doors.Application") return doors.Application();
-    if (prog_id == u"MSXML2.DOMDocument") return workbench::MakeDomDocument();
+    if (prog_id == u"MSXML2.DOMDocument") return standins::MakeDomDocument();
     throw AutomationError(error::kNoSuchClass, u"test", Text(u"No class ").append(prog_id));
   }
 

@@ -76,7 +76,7 @@ TEST(IdentifierFails, AndWhatMovedBelowTheNewElementIsStillImported) {
   scene.module.Place(3, 5, 1);
   scene.state[u"R3"].parent = u"R5";
   scene.state[u"R3"].position = 10;
-  scene.setup.model.Faults().FailTaggedValue(u"Object Identifier", workbench::HostFaults::Moment::kSave,
+  scene.setup.model.Faults().FailTaggedValue(u"Object Identifier", standins::HostFaults::Moment::kSave,
                                              {0x80040300, u"Orim", u"out of order"});
   EXPECT_TRUE(scene.setup.Import().HasLine(u"ERROR: out of order"));
   scene.ExpectHealed();
@@ -120,12 +120,12 @@ TEST(DoorsIsNotThere, AndTheImportEndsBeforeItsBegin) {
     EXPECT_EQ(run.messages, std::vector<Text>{kDoorsFailure}) << std::hex << number;
     EXPECT_EQ(run.writes, 0);
   }
-  scene.setup.doors.SetState(workbench::DoorsState::kNotRunning);
+  scene.setup.doors.SetPhase(standins::DoorsPhase::kNotRunning);
   const ImportRun cancelled = scene.setup.Import();
   EXPECT_FALSE(cancelled.completed);
   EXPECT_TRUE(cancelled.messages.empty()) << "the user has cancelled the wait";
   EXPECT_EQ(cancelled.writes, 0);
-  scene.setup.doors.SetState(workbench::DoorsState::kReady);
+  scene.setup.doors.SetPhase(standins::DoorsPhase::kReady);
   scene.ExpectHealed();
 }
 

@@ -36,7 +36,7 @@ class BadCommands : public CommandLine {
     WriteFile(folder.File(u"empty"), "");
     WriteFile(folder.File(u"other.xml"), "<other/>");
     WriteFile(folder.File(u"template.txt"), "Orim Studio Mapping Template\n --> Name\n");
-    workbench::DoorsDatabase::Create(ToPath(folder.File(u"bare.doors")));
+    standins::DoorsDatabase::Create(ToPath(folder.File(u"bare.doors")));
     // The selection is part of the model.
     Run(OnLoose({"import", "--data", "@data"}));
     files_ = Files();

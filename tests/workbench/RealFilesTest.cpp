@@ -1,6 +1,6 @@
 // Real requirement documents on their way into a model.
+#include "standins/doors-database/LoadReqif.h"
 #include "tests/workbench/PackageState.h"
-#include "workbench/doors/LoadReqif.h"
 
 namespace kestrune {
 namespace {
@@ -17,10 +17,10 @@ class RealFile : public ::testing::Test {
     setup_.mapping = {u"Absolute Number --> Name", u"Object Text --> Notes", u"Object Heading --> Alias"};
   }
 
-  std::vector<workbench::LoadedModule> Load(TextView file) {
+  std::vector<standins::LoadedModule> Load(TextView file) {
     setup_.doors.UserClosesAll();
     const auto path = std::filesystem::path(KESTRUNE_SOURCE_DIR) / "tests/data/reqif" / ToPath(file);
-    return workbench::LoadReqif(setup_.database, FromPath(path), u"/Demo");
+    return standins::LoadReqif(setup_.database, FromPath(path), u"/Demo");
   }
 
   /// Links a new package of its own to the module.
@@ -31,7 +31,7 @@ class RealFile : public ::testing::Test {
   }
 
   Text ValueOf(std::int64_t object, TextView attribute) {
-    workbench::Statement value = setup_.database.Sql().Prepare(
+    standins::Statement value = setup_.database.Sql().Prepare(
         "SELECT v.text FROM value v JOIN attribute a ON a.id = v.attribute WHERE v.object = ? AND a.name = ?",
         object, attribute);
     return value.Step() ? WidenLineFeeds(value.GetText(0)) : Text();
@@ -41,7 +41,7 @@ class RealFile : public ::testing::Test {
   PackageState InDatabase(const Text& module_path) {
     const auto module = *setup_.database.FindPath(module_path);
     PackageState package;
-    workbench::Statement row = setup_.database.Sql().Prepare(
+    standins::Statement row = setup_.database.Sql().Prepare(
         "SELECT o.id, o.absolute_number, p.absolute_number FROM object o"
         " LEFT JOIN object p ON p.id = o.parent AND NOT p.deleted WHERE o.module = ? AND NOT o.deleted",
         module.id);

@@ -6,10 +6,10 @@
 #include "common/Resources.h"
 #include "platform/Files.h"
 #include "platform/Xml.h"
+#include "standins/doors-database/DoorsStandIn.h"
+#include "standins/doors-database/xml/DomDocument.h"
 #include "tests/support/TestPlatform.h"
 #include "tests/workbench/DoorsModule.h"
-#include "workbench/doors/DoorsStandIn.h"
-#include "workbench/doors/xml/DomDocument.h"
 
 namespace kestrune::testing {
 
@@ -62,12 +62,12 @@ class ScriptBench : public ::testing::Test, private ObjectFactory {
   }
 
   TempFolder folder;
-  workbench::DoorsDatabase database = workbench::DoorsDatabase::Create(":memory:");
-  workbench::DoorsStandIn doors{database, folder.Path(), *this};
+  standins::DoorsDatabase database = standins::DoorsDatabase::Create(":memory:");
+  standins::DoorsStandIn doors{database, folder.Path(), *this};
   DoorsModule module{database, u"M"};
 
  private:
-  Object Create(TextView) override { return workbench::MakeDomDocument(); }
+  Object Create(TextView) override { return standins::MakeDomDocument(); }
 };
 
 }  // namespace kestrune::testing

@@ -1,18 +1,18 @@
 // Our objects handed out and foreign ones taken in: what goes through both adapters comes back as it was.
 #include <gtest/gtest.h>
 
-#include "platform/win32/ComDispatch.h"
-#include "platform/win32/ComText.h"
-#include "platform/win32/ComVariant.h"
-#include "platform/win32/Counted.h"
-#include "platform/win32/OurDispatch.h"
+#include "platform/com/ComDispatch.h"
+#include "platform/com/ComText.h"
+#include "platform/com/ComVariant.h"
+#include "platform/com/Counted.h"
+#include "platform/com/OurDispatch.h"
+#include "standins/StandInObject.h"
 #include "tests/windows/com/LateCall.h"
-#include "workbench/StandInObject.h"
 
 namespace kestrune::testing {
 namespace {
 
-class Parrot : public workbench::StandInObject<Parrot> {
+class Parrot : public standins::StandInObject<Parrot> {
  public:
   static constexpr const char16_t* kClassName = u"Parrot";
   static const Members& Table() {

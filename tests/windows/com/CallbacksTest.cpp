@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/Files.h"
-#include "platform/win32/ComText.h"
-#include "platform/win32/Win32Folders.h"
+#include "platform/com/ComText.h"
+#include "platform/windows/Win32Folders.h"
 #include "tests/windows/com/DllUnderTest.h"
 #include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"

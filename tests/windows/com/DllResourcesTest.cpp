@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Files.h"
-#include "platform/win32/ComText.h"
+#include "platform/com/ComText.h"
 #include "tests/windows/com/DllUnderTest.h"
 
 namespace kestrune::testing {

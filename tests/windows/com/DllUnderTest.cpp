@@ -2,8 +2,8 @@
 
 #include <Kestrune_h.h>
 
-#include "platform/win32/ComText.h"
-#include "platform/win32/Failure.h"
+#include "platform/com/ComText.h"
+#include "platform/com/Failure.h"
 
 namespace kestrune::testing {
 

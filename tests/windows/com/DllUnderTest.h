@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "platform/Text.h"
-#include "platform/win32/ComPtr.h"
+#include "platform/com/ComPtr.h"
 
 namespace kestrune::testing {
 

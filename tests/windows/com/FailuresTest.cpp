@@ -2,7 +2,7 @@
 #include <Kestrune_h.h>
 #include <gtest/gtest.h>
 
-#include "platform/win32/ComText.h"
+#include "platform/com/ComText.h"
 #include "tests/windows/com/DllUnderTest.h"
 #include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"

@@ -1,11 +1,11 @@
 // As much of a host as the callbacks ask for that open no dialog of the add-in's own.
 #pragma once
 
-#include "workbench/StandInObject.h"
+#include "standins/StandInObject.h"
 
 namespace kestrune::testing {
 
-using workbench::StandInObject;
+using standins::StandInObject;
 
 struct HostModel {
   std::int32_t Build = 827;

@@ -1,6 +1,6 @@
 #include "tests/windows/com/LateCall.h"
 
-#include "platform/win32/ComText.h"
+#include "platform/com/ComText.h"
 
 namespace kestrune::testing {
 

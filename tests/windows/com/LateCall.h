@@ -4,7 +4,7 @@
 #include <string>
 #include <windows.h>
 
-#include "platform/win32/ComVariant.h"
+#include "platform/com/ComVariant.h"
 
 namespace kestrune::testing {
 

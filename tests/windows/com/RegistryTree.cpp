@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/win32/ComText.h"
+#include "platform/com/ComText.h"
 
 namespace kestrune::testing {
 

@@ -1,6 +1,6 @@
 #include "tests/windows/dialogs/DialogStage.h"
 
-#include "platform/win32/Module.h"
+#include "platform/windows/Module.h"
 
 namespace kestrune::testing {
 

@@ -9,8 +9,8 @@
 #include "doors/Doors.h"
 #include "options/Options.h"
 #include "platform/Files.h"
-#include "platform/headless/FixedFolders.h"
-#include "platform/win32/Win32Desktop.h"
+#include "platform/windows/Win32Desktop.h"
+#include "standins/desktop/FixedFolders.h"
 #include "tests/options/SimulatedPackage.h"
 #include "tests/windows/dialogs/Person.h"
 
@@ -70,7 +70,7 @@ struct DialogStage : private ObjectFactory {
   void StoreRules(const std::vector<Text>& rules);
 
   RecordingDesktop desktop;
-  FixedFolders folders{FromPath(std::filesystem::temp_directory_path() / "kestrune-dialogs")};
+  standins::FixedFolders folders{FromPath(std::filesystem::temp_directory_path() / "kestrune-dialogs")};
   Platform platform{desktop, folders, *this};
   std::shared_ptr<PreparedDoors> app = std::make_shared<PreparedDoors>();
   Doors doors{platform};

@@ -10,7 +10,7 @@
 #include <commctrl.h>  // needs the one above
 // clang-format on
 
-#include "platform/win32/ComText.h"
+#include "platform/com/ComText.h"
 
 namespace kestrune::testing {
 

@@ -1,0 +1,28 @@
+#include "platform/com/ComObjectFactory.h"
+
+#include "platform/com/ComText.h"
+#include "platform/com/ComVariant.h"
+
+namespace kestrune {
+
+namespace {
+
+void Require(HRESULT result, TextView prog_id) {
+  if (SUCCEEDED(result)) return;
+  throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune",
+                        SystemMessage(result).append(u" (").append(prog_id).append(u")"));
+}
+
+}  // namespace
+
+Object ComObjectFactory::Create(TextView prog_id) {
+  CLSID class_id;
+  Require(CLSIDFromProgID(Wide(Text(prog_id)), &class_id), prog_id);
+  ComPtr<IDispatch> object;
+  Require(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                           object.OutVoid()),
+          prog_id);
+  return FromDispatch(object.Get());
+}
+
+}  // namespace kestrune

@@ -1,0 +1,63 @@
+// What the handles of scripts point to, and how perms reach through them. Whatever is dead or gone is a
+// run-time error.
+#pragma once
+
+#include "standins/doors-database/DoorsSession.h"
+#include "standins/dxl/Call.h"
+#include "standins/dxl/Error.h"
+
+namespace kestrune::standins {
+
+/// Behind Item, Folder and Project.
+struct ItemHandle {
+  ItemId id = 0;
+};
+
+/// Behind ModName_ and ModuleVersion: a module that may or may not be there.
+struct ModuleReference {
+  Text path;
+};
+
+/// Behind View: a name, known to a module or not.
+struct ViewReference {
+  Text name;
+};
+
+/// A handle, or the null handle.
+template <typename Handle>
+dxl::Value HandleOf(const std::optional<Handle>& handle) {
+  return handle ? dxl::Value(std::make_shared<Handle>(*handle)) : dxl::Value(std::shared_ptr<Handle>());
+}
+
+inline Item ItemOf(DoorsSession& session, dxl::Call& call, std::size_t i) {
+  auto item = session.Database().Find(call.As<ItemHandle>(i).id);
+  if (!item) throw dxl::ScriptError(u"the item is gone");
+  return std::move(*item);
+}
+
+/// The readable, undeleted module of a path, as `read` and `exists` find it.
+inline std::optional<Item> ModuleItem(DoorsSession& session, TextView path) {
+  auto item = session.Database().FindPath(path);
+  if (!item || !item->IsModule() || item->deleted || !item->readable) return std::nullopt;
+  return item;
+}
+
+inline OpenModule& ModuleOf(dxl::Call& call, std::size_t i) {
+  auto& module = call.As<OpenModule>(i);
+  if (!module.is_open) throw dxl::ScriptError(u"the module " + module.path + u" is closed");
+  return module;
+}
+
+/// An Object or AttrDef of a module that is still open.
+inline PlaceInModule& PlaceOf(dxl::Call& call, std::size_t i) {
+  auto& place = call.As<PlaceInModule>(i);
+  if (!place.module->is_open) throw dxl::ScriptError(u"the module " + place.module->path + u" is closed");
+  return place;
+}
+
+inline OpenModule& CurrentModule(DoorsSession& session) {
+  if (!session.current_module) throw dxl::ScriptError(u"there is no current module");
+  return *session.current_module;
+}
+
+}  // namespace kestrune::standins

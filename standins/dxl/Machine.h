@@ -1,0 +1,61 @@
+// One run of a program: its variables, its budget of cycles and of nesting, and what a failure leads to.
+#pragma once
+
+#include "standins/dxl/Code.h"
+#include "standins/dxl/RunState.h"
+
+namespace kestrune::dxl {
+
+/// Thrown to end the run with an error that noError() does not hold back.
+struct Stopped {
+  Position at;
+  Text message;
+};
+
+/// Thrown to end the run where `halt` stands.
+struct Halted {};
+
+class Machine {
+ public:
+  Machine(const Program& program, Host& host);
+
+  /// Runs the program once.
+  void Run();
+
+  Value& Global(int slot) { return globals_[static_cast<std::size_t>(slot)]; }
+  Value& Local(int slot) { return locals_[slot]; }
+  RunState& State() { return state_; }
+
+  /// Counts a statement or a turn of a loop.
+  void Tick(Position at) {
+    if (++cycles_ > limit_) OutOfCycles(at);
+  }
+  /// `pragma runLim`; 0 lifts the limit.
+  void SetRunLimit(std::int32_t limit);
+
+  /// A run-time error: ends the run, or under noError() is kept and the failed operation gives the default of
+  /// `type`.
+  Value Fail(Position at, const Text& message, Type type);
+  /// Stands in for a variable that could not be located under noError().
+  Value* Scratch(Type type) { return &(scratch_ = Value::Default(type)); }
+
+  /// Runs a function of the script; `arguments` are evaluated by the caller's frame.
+  Value Call(const Function& function, const std::vector<const Node*>& arguments, Position at);
+  /// Ends the function with a value.
+  void SetResult(Value value) { result_ = std::move(value); }
+
+ private:
+  [[noreturn]] void OutOfCycles(Position at) const;
+
+  const Program& program_;
+  RunState state_;
+  std::vector<Value> globals_;
+  Value* locals_ = nullptr;  // of the function that runs
+  Value result_;
+  Value scratch_;
+  long long cycles_ = 0;
+  long long limit_;
+  int depth_ = 0;
+};
+
+}  // namespace kestrune::dxl

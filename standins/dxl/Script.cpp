@@ -1,0 +1,42 @@
+#include "standins/dxl/Script.h"
+
+#include <algorithm>
+
+#include "standins/dxl/Machine.h"
+#include "standins/dxl/Parser.h"
+#include "standins/dxl/StatementChecker.h"
+
+namespace kestrune::dxl {
+
+CompileResult Compile(const Source& source, const Library& library) {
+  CompileResult result;
+  auto program = std::make_shared<Program>();
+  program->file_name = source.name;
+  std::vector<Problem> problems;
+  try {
+    problems = StatementChecker(*program, library).Check(Parse(source.text, library));
+  } catch (const Problem& problem) {
+    problems.push_back(problem);
+  }
+  std::stable_sort(problems.begin(), problems.end(),
+                   [](const Problem& a, const Problem& b) { return a.at.line < b.at.line; });
+  for (Problem& problem : problems)
+    result.errors.push_back({source.name, problem.at, std::move(problem.message)});
+  if (result.errors.empty()) result.program = std::move(program);
+  return result;
+}
+
+std::optional<Error> Run(const Program& program, Host& host) {
+  try {
+    Machine(program, host).Run();
+  } catch (const Stopped& stop) {
+    return Error{program.file_name, stop.at, stop.message, /*is_runtime=*/true};
+  }
+  return std::nullopt;
+}
+
+Text CheckDxl(const Source& source, const Library& library) {
+  return DoorsReport(Compile(source, library).errors);
+}
+
+}  // namespace kestrune::dxl

@@ -1,0 +1,126 @@
+#include "standins/host-model/Collections.h"
+
+#include "standins/host-model/ElementObject.h"
+#include "standins/host-model/Guid.h"
+#include "standins/host-model/PackageObject.h"
+#include "standins/host-model/TaggedValueObject.h"
+
+namespace kestrune::standins {
+
+namespace {
+
+std::vector<std::int32_t> AllOf(Statement rows) {
+  std::vector<std::int32_t> ids;
+  while (rows.Step()) ids.push_back(rows.Int(0));
+  return ids;
+}
+
+std::optional<std::int32_t> FirstOf(Statement rows) {
+  if (!rows.Step()) return std::nullopt;
+  return rows.Int(0);
+}
+
+[[noreturn]] void RefuseDeletion(const Text& collection) {
+  RefuseByHost(collection + u".DeleteAt is not supported by this stand-in");
+}
+
+}  // namespace
+
+std::vector<std::int32_t> PackageCollection::List() {
+  return AllOf(
+      host_->Model.Prepare("SELECT Package_ID FROM t_package WHERE Parent_ID = ? ORDER BY 1", owner_id_));
+}
+
+std::optional<std::int32_t> PackageCollection::Find(const Text& name) {
+  return FirstOf(host_->Model.Prepare(
+      "SELECT Package_ID FROM t_package WHERE Parent_ID = ? AND Name = ? ORDER BY 1", owner_id_, name));
+}
+
+Object PackageCollection::Item(std::int32_t id) {
+  return PackageById(host_, id);
+}
+
+Object PackageCollection::AddNew(Text name, const Variant& type) {
+  const Text type_name = type.ToText();
+  if (!type_name.empty() && type_name != kPackageType)
+    RefuseByHost(u"There are no packages of type " + type_name);
+  PackageRow row;
+  row.ParentId = owner_id_;
+  row.Guid = NewGuid();
+  row.Name = std::move(name);
+  return std::make_shared<PackageObject>(host_, std::move(row))->AsObject();
+}
+
+void PackageCollection::Delete(std::int32_t) {
+  RefuseDeletion(kClassName);
+}
+
+std::vector<std::int32_t> ElementCollection::List() {
+  return AllOf(
+      host_->Model.Prepare("SELECT Object_ID FROM t_object WHERE Package_ID = ? AND Object_Type <> 'Package'"
+                           " ORDER BY TPos, Object_ID",
+                           owner_id_));
+}
+
+std::optional<std::int32_t> ElementCollection::Find(const Text& name) {
+  return FirstOf(host_->Model.Prepare(
+      "SELECT Object_ID FROM t_object WHERE Package_ID = ? AND Name = ? AND Object_Type <> 'Package'"
+      " ORDER BY TPos, Object_ID",
+      owner_id_, name));
+}
+
+Object ElementCollection::Item(std::int32_t id) {
+  return ElementById(host_, id);
+}
+
+Object ElementCollection::AddNew(Text name, const Variant& type) {
+  ElementRow row;
+  row.Type = type.ToText();
+  if (row.Type.empty() || row.Type == kPackageType)
+    RefuseByHost(u"There are no elements of type \"" + row.Type + u"\"");
+  row.Guid = NewGuid();
+  row.Fields[kNameField] = std::move(name);
+  row.Fields[kPackageField] = owner_id_;
+  row.Fields[kParentField] = 0;
+  row.Fields[kTreePosField] = 0;
+  return std::make_shared<ElementObject>(host_, std::move(row))->AsObject();
+}
+
+void ElementCollection::Delete(std::int32_t) {
+  RefuseDeletion(kClassName);
+}
+
+std::vector<std::int32_t> TaggedValueCollection::List() {
+  return AllOf(host_->Model.Prepare(
+      "SELECT PropertyID FROM t_objectproperties WHERE Object_ID = ? ORDER BY 1", owner_id_));
+}
+
+std::optional<std::int32_t> TaggedValueCollection::Find(const Text& name) {
+  return FirstOf(host_->Model.Prepare(
+      "SELECT PropertyID FROM t_objectproperties WHERE Object_ID = ? AND Property = ? ORDER BY 1", owner_id_,
+      name));
+}
+
+Object TaggedValueCollection::Item(std::int32_t id) {
+  std::optional<TaggedValueRow> row = FindTaggedValue(host_->Model, id);
+  if (!row) RefuseByHost(u"The tagged value is deleted");
+  return std::make_shared<TaggedValueObject>(host_, std::move(*row))->AsObject();
+}
+
+Object TaggedValueCollection::AddNew(Text name, const Variant& value) {
+  host_->Faults.OnTaggedValue(name, HostFaults::Moment::kPut);
+  TaggedValueRow row;
+  row.ElementId = owner_id_;
+  row.Name = std::move(name);
+  row.Value = value.ToText();
+  return std::make_shared<TaggedValueObject>(host_, std::move(row))->AsObject();
+}
+
+void TaggedValueCollection::Delete(std::int32_t id) {
+  const std::optional<TaggedValueRow> row = FindTaggedValue(host_->Model, id);
+  if (!row) RefuseByHost(u"The tagged value is deleted");
+  DeleteTaggedValue(host_->Model, *row);
+  host_->Counters.CountWrite();
+}
+
+}  // namespace kestrune::standins

@@ -1,0 +1,23 @@
+#include "standins/play/Dialog.h"
+
+#include <algorithm>
+
+namespace kestrune::play {
+
+void RequireReachable(const ControlState& state, const Text& control, const Text& dialog) {
+  if (!state.Visible) throw Refusal(control + u" of " + dialog + u" is hidden");
+  if (!state.Enabled) throw Refusal(control + u" of " + dialog + u" is disabled");
+}
+
+void RefuseKind(const Text& control) {
+  throw Refusal(control + u" is not a control with which a user can do this");
+}
+
+std::size_t PlaceOf(const Text& line, const ControlState& state, const Text& control) {
+  const auto found = std::find_if(state.Rows.begin(), state.Rows.end(),
+                                  [&](const auto& row) { return !row.empty() && row.front() == line; });
+  if (found == state.Rows.end()) throw Refusal(control + u" has no line " + Quoted(line));
+  return static_cast<std::size_t>(found - state.Rows.begin());
+}
+
+}  // namespace kestrune::play

@@ -1,0 +1,17 @@
+#include "standins/windows/screen/DialogNames.h"
+
+namespace kestrune::standins {
+
+const DialogNames& KestruneDialogNames() {
+  static const DialogNames names = {
+      {{u"lblStatus", u"frmConnectProgress"},
+       {u"lstModules", u"frmConnect"},
+       {u"lvMappings", u"frmOptions"},
+       {u"lstTarget", u"frmMapWizard"},
+       {u"List1", u"frmImport"},
+       {u"lblProduct", u"frmAbout"}},
+      {{u"mnuMappings", {u"mnuMappingsCopy", u"mnuMappingsPaste", u"mnuMappingsDefault"}}}};
+  return names;
+}
+
+}  // namespace kestrune::standins

@@ -1,0 +1,162 @@
+#include "standins/windows/screen/WindowControls.h"
+
+// clang-format off
+#include <windows.h>
+#include <commctrl.h>  // needs the one above
+// clang-format on
+
+#include "platform/windows/WindowText.h"
+
+namespace kestrune::standins {
+
+namespace {
+
+constexpr std::size_t kLongestCell = 4096;  // characters
+
+LRESULT Ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
+  return SendMessageW(window, message, wparam, lparam);
+}
+
+std::size_t Count(HWND window, UINT message) {
+  const LRESULT count = Ask(window, message);
+  return count < 0 ? 0 : static_cast<std::size_t>(count);
+}
+
+/// What WM_COMMAND tells the dialog of a control.
+void Notify(HWND control, WORD code) {
+  Ask(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+      reinterpret_cast<LPARAM>(control));
+}
+
+Text ItemOf(HWND list, std::size_t line, UINT length_message, UINT text_message) {
+  const LRESULT length = Ask(list, length_message, line);
+  if (length < 0) return {};
+  Text text(static_cast<std::size_t>(length) + 1, u'\0');
+  Ask(list, text_message, line, reinterpret_cast<LPARAM>(text.data()));
+  text.pop_back();
+  return text;
+}
+
+Text CellOf(HWND table, std::size_t row, int column) {
+  Text text(kLongestCell, u'\0');
+  LVITEMW item = {.iSubItem = column,
+                  .pszText = reinterpret_cast<wchar_t*>(text.data()),
+                  .cchTextMax = static_cast<int>(kLongestCell)};
+  text.resize(static_cast<std::size_t>(Ask(table, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item))));
+  return text;
+}
+
+void ReadTable(HWND table, play::ControlState& state) {
+  const auto header = reinterpret_cast<HWND>(Ask(table, LVM_GETHEADER));
+  const auto columns = static_cast<int>(Count(header, HDM_GETITEMCOUNT));
+  for (std::size_t row = 0; row < Count(table, LVM_GETITEMCOUNT); ++row) {
+    auto& cells = state.Rows.emplace_back();
+    for (int column = 0; column < columns; ++column) cells.push_back(CellOf(table, row, column));
+    if (Ask(table, LVM_GETITEMSTATE, row, LVIS_SELECTED)) state.Selected.push_back(cells.at(0));
+  }
+}
+
+void ReadListBox(HWND list, play::ControlState& state) {
+  for (std::size_t line = 0; line < Count(list, LB_GETCOUNT); ++line)
+    state.Rows.push_back({LineOf(list, line)});
+  const LRESULT selected = Ask(list, LB_GETCURSEL);
+  if (selected >= 0) state.Selected = state.Rows.at(static_cast<std::size_t>(selected));
+}
+
+void SetRowState(HWND table, WPARAM row, UINT state) {
+  LVITEMW item = {.state = state, .stateMask = LVIS_SELECTED | (state & LVIS_FOCUSED)};
+  Ask(table, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+}
+
+void SelectRows(HWND table, const std::vector<std::size_t>& rows) {
+  constexpr WPARAM kAll = static_cast<WPARAM>(-1);
+  SetRowState(table, kAll, 0);
+  for (const std::size_t row : rows) SetRowState(table, row, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void DoubleClickRow(HWND table, std::size_t row) {
+  SelectRows(table, {row});
+  Ask(table, LVM_ENSUREVISIBLE, row, FALSE);
+  RECT at = {.left = LVIR_LABEL};
+  Ask(table, LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&at));
+  Ask(table, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.left + 2, (at.top + at.bottom) / 2));
+  Ask(table, WM_LBUTTONUP, 0, MAKELPARAM(at.left + 2, (at.top + at.bottom) / 2));
+}
+
+HWND TextPartOf(HWND box) {
+  if (KindOf(box) == Kind::kTextBox) return box;
+  COMBOBOXINFO parts = {.cbSize = sizeof parts};
+  GetComboBoxInfo(box, &parts);
+  return parts.hwndItem;
+}
+
+}  // namespace
+
+Kind KindOf(HWND control) {
+  static constexpr std::pair<TextView, Kind> kKinds[] = {{u"Button", Kind::kButton},
+                                                         {u"Edit", Kind::kTextBox},
+                                                         {u"ListBox", Kind::kListBox},
+                                                         {u"ComboBox", Kind::kComboBox},
+                                                         {u"SysListView32", Kind::kTable}};
+  const Text name = WindowClassOf(control);
+  for (const auto& [class_name, kind] : kKinds)
+    if (name == class_name) return kind;
+  return Kind::kOther;
+}
+
+play::ControlState StateOf(HWND control) {
+  const LONG style = GetWindowLongW(control, GWL_STYLE);
+  play::ControlState state{
+      (style & WS_DISABLED) == 0, (style & WS_VISIBLE) != 0, WindowTextOf(control), {}, {}};
+  const Kind kind = KindOf(control);
+  if (kind == Kind::kListBox) ReadListBox(control, state);
+  if (kind == Kind::kTable) ReadTable(control, state);
+  if (kind == Kind::kComboBox)
+    for (std::size_t line = 0; line < Count(control, CB_GETCOUNT); ++line)
+      state.Rows.push_back({ItemOf(control, line, CB_GETLBTEXTLEN, CB_GETLBTEXT)});
+  return state;
+}
+
+void Press(HWND button) {
+  Ask(button, BM_CLICK);
+}
+
+void Enter(HWND box, const Text& text) {
+  const HWND part = TextPartOf(box);
+  SetFocus(part);
+  Ask(part, EM_SETSEL, 0, -1);
+  Ask(part, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void Drop(HWND box) {
+  SetFocus(box);
+  Ask(box, CB_SHOWDROPDOWN, TRUE);
+}
+
+void SelectLines(HWND control, const std::vector<std::size_t>& lines) {
+  SetFocus(control);
+  switch (KindOf(control)) {
+    case Kind::kTable:
+      return SelectRows(control, lines);
+    case Kind::kListBox:
+      Ask(control, LB_SETCURSEL, lines.front());
+      return Notify(control, LBN_SELCHANGE);
+    default:
+      Ask(control, CB_SETCURSEL, lines.front());
+      Notify(control, CBN_SELCHANGE);
+      Ask(control, CB_SHOWDROPDOWN, FALSE);
+  }
+}
+
+void DoubleClickLine(HWND control, std::size_t line) {
+  SetFocus(control);
+  if (KindOf(control) == Kind::kTable) return DoubleClickRow(control, line);
+  SelectLines(control, {line});
+  Notify(control, LBN_DBLCLK);
+}
+
+Text LineOf(HWND list_box, std::size_t line) {
+  return ItemOf(list_box, line, LB_GETTEXTLEN, LB_GETTEXT);
+}
+
+}  // namespace kestrune::standins

@@ -1,0 +1,119 @@
+#include "tests/standins/doors-database/DoorsTestFiles.h"
+
+namespace kestrune::standins {
+namespace {
+
+class DatabaseFileTest : public ::testing::Test {
+ protected:
+  std::filesystem::path Path(TextView name) { return ToPath(folder.File(name)); }
+  kestrune::testing::TempFolder folder;
+};
+
+TEST_F(DatabaseFileTest, IsFoundAgain) {
+  DoorsDatabase::Create(Path(u"db"))
+      .Sql()
+      .Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Project', 'Ä')");
+  EXPECT_EQ(DoorsDatabase::Open(Path(u"db")).FindPath(u"/Ä")->type, u"Project");
+  EXPECT_NE(ReadFile(folder.File(u"db")).find("Ä"), std::string::npos) << "texts are not stored as UTF-8";
+  EXPECT_NE(FailureOf([&] { DoorsDatabase::Create(Path(u"db")); }).find("exists"), std::string::npos);
+}
+
+TEST_F(DatabaseFileTest, RefusesWhatIsNoDatabaseOfOurs) {
+  WriteFile(folder.File(u"text"),
+            "no database at all, though it is long enough for a header of one hundred bytes, "
+            "which is what the first page of a real one would start with");
+  WriteFile(folder.File(u"empty"), "");
+  Database::Create(Path(u"other")).Exec("CREATE TABLE item (id INTEGER)");
+  for (const auto* name : {u"text", u"empty", u"other"}) {
+    const std::string before = ReadFile(folder.File(name));
+    const std::string error = FailureOf([&] { DoorsDatabase::Open(Path(name)); });
+    EXPECT_NE(error.find("no database of the DOORS stand-in"), std::string::npos) << error;
+    EXPECT_EQ(error.find('\n'), std::string::npos);
+    EXPECT_EQ(ReadFile(folder.File(name)), before);
+  }
+  EXPECT_NE(FailureOf([&] { DoorsDatabase::Open(Path(u"missing")); }).find("missing"), std::string::npos);
+  EXPECT_EQ(ListFolder(folder.Path()).size(), 3u) << "a failed opening made a file";
+}
+
+class ItemsTest : public DoorsDatabaseTest {
+ protected:
+  ItemsTest() {
+    database.Sql().Exec(R"sql(
+      INSERT INTO item (id, parent, type, name) VALUES
+        (2, 1, 'Project', 'Demo'), (3, 2, 'Folder', 'Specs'), (4, 3, 'Formal', 'Car'), (5, 2, 'Project', 'Inner'),
+        (6, 5, 'Formal', 'Deep'), (7, 1, 'Folder', 'Loose'), (8, 7, 'Formal', 'Alone'))sql");
+  }
+};
+
+TEST_F(ItemsTest, AreFoundByPathFromTheRootOrAnyProject) {
+  struct Case {
+    TextView path;
+    ItemId id;  // 0: not there
+  };
+  for (const Case& c : {Case{u"/", 1}, Case{u"", 1}, Case{u"/Demo", 2}, Case{u"Demo/Specs/Car", 4},
+                        Case{u"/Demo/Specs/Car/", 4}, Case{u"/Demo/Inner/Deep", 6}, Case{u"/Inner/Deep", 6},
+                        Case{u"/Specs/Car", 0}, Case{u"/demo", 0}, Case{u"/Demo/Nothing", 0}}) {
+    const auto item = database.FindPath(c.path);
+    EXPECT_EQ(item ? item->id : 0, c.id) << ToUtf8(c.path);
+  }
+}
+
+TEST_F(ItemsTest, HaveFullNamesFromTheNearestProject) {
+  for (const auto& [id, name] : std::map<ItemId, TextView>{{1, u"/"},
+                                                           {3, u"/Demo/Specs"},
+                                                           {4, u"/Demo/Specs/Car"},
+                                                           {6, u"/Inner/Deep"},
+                                                           {8, u"/Loose/Alone"}})
+    EXPECT_EQ(database.FullName(id), name);
+}
+
+TEST_F(ItemsTest, ThatFormACircleAreRefused) {
+  database.Sql().Exec("UPDATE item SET type = 'Folder', parent = 3 WHERE id = 2");
+  EXPECT_NE(FailureOf([&] { database.FullName(4); }).find("circle"), std::string::npos);
+}
+
+TEST_F(ItemsTest, OfKindModuleHaveDoorsOwnAttributes) {
+  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE module = 4 AND system"), u"9");
+  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE module = 3"), u"0");
+}
+
+class ObjectsTest : public ItemsTest {
+ protected:
+  void AddObjects(const char* rows) {
+    database.Sql().Exec("PRAGMA foreign_keys = OFF");  // as in a shell
+    database.Sql().Exec(
+        ("INSERT INTO object (id, module, absolute_number, parent, position) VALUES " + std::string(rows))
+            .c_str());
+  }
+};
+
+TEST_F(ObjectsTest, ComeInDocumentOrder) {
+  AddObjects(
+      "(1, 4, 30, 2, 2), (2, 4, 10, NULL, 1), (3, 4, 20, 2, 1), (4, 4, 40, NULL, 2), (5, 4, 25, 3, 9)");
+  const auto content = Content(u"/Demo/Specs/Car");
+  std::string order;
+  for (const DoorsObject& object : content.Objects()) {
+    order += std::to_string(object.absolute_number) + "@" + std::to_string(object.level) + "^" +
+             std::to_string(object.parent) + "-" + std::to_string(object.end) + " ";
+  }
+  EXPECT_EQ(order, "10@1^-1-4 20@2^0-3 25@3^1-3 30@2^0-4 40@1^-1-5 ");
+}
+
+TEST_F(ObjectsTest, ThatFormNoTreeAreRefused) {
+  AddObjects("(1, 4, 1, 2, 1), (2, 4, 2, 1, 1), (3, 4, 3, NULL, 1), (4, 8, 1, 77, 1)");
+  EXPECT_NE(FailureOf([&] { Content(u"/Demo/Specs/Car"); }).find("its own ancestor"), std::string::npos);
+  EXPECT_NE(FailureOf([&] { Content(u"/Loose/Alone"); }).find("outside its module"), std::string::npos);
+}
+
+TEST_F(ObjectsTest, MayLieHoweverDeep) {
+  std::string rows = "(1, 4, 1, NULL, 1)";
+  for (int i = 2; i <= 20000; ++i) {
+    const std::string id = std::to_string(i);
+    rows += ",(" + id + ", 4, " + id + ", " + std::to_string(i - 1) + ", 1)";
+  }
+  AddObjects(rows.c_str());
+  EXPECT_EQ(Content(u"/Demo/Specs/Car").Objects().back().level, 20000);
+}
+
+}  // namespace
+}  // namespace kestrune::standins

@@ -1,0 +1,267 @@
+#include <set>
+
+#include "tests/standins/doors-database/DoorsTestFiles.h"
+
+namespace kestrune::standins {
+namespace {
+
+class LoadReqifTest : public DoorsDatabaseTest {
+ protected:
+  std::vector<LoadedModule> Load(TextView name) { return LoadReqif(database, ReqifFile(name), u"/P/Folder"); }
+  void LoadText(const std::string& xml) {
+    WriteFile(folder.File(u"x.reqif"), xml);
+    LoadReqif(database, folder.File(u"x.reqif"), u"/P");
+  }
+};
+
+std::map<TablePart, int> CountParts(const ModuleContent& content) {
+  std::map<TablePart, int> count;
+  for (const DoorsObject& object : content.Objects()) ++count[object.part];
+  return count;
+}
+
+TEST_F(LoadReqifTest, NativeExportKeepsNumbersTablesAndSystemAttributes) {
+  const auto loaded = Load(u"doors-ch2-native.reqif");
+  ASSERT_EQ(loaded.size(), 1u);
+  EXPECT_EQ(loaded[0].path, u"/P/Folder/SUBSET-026_SRS _Ch-2_v330");
+  EXPECT_EQ(loaded[0].objects, 286);
+  EXPECT_EQ(loaded[0].added, 286);
+  EXPECT_EQ(database.FindPath(loaded[0].path)->prefix, u"KIG_");
+
+  const auto content = Content(loaded[0].path);
+  EXPECT_EQ(
+      CountParts(content),
+      (std::map<TablePart, int>{
+          {TablePart::kNone, 243}, {TablePart::kTable, 1}, {TablePart::kRow, 6}, {TablePart::kCell, 36}}));
+  EXPECT_EQ(content.Objects().front().absolute_number, 287);
+  EXPECT_EQ(ValueOf(content, 288, u"Object Heading"), u"2.1\tSujasumilazu Ejarusu");
+  EXPECT_EQ(ValueOf(content, 288, u"Created On"), u"23 January 2014");
+  std::vector<Text> user_attributes;
+  for (const auto& attribute : content.Attributes())
+    if (attribute.on_object && !attribute.system) user_attributes.push_back(attribute.name);
+  EXPECT_EQ(user_attributes, (std::vector<Text>{u"AlignStore", u"BorderStore", u"WidthStore"}));
+}
+
+TEST_F(LoadReqifTest, ArchivesOfAnyShapeAreRead) {
+  const auto large = Load(u"doors-ch5-1784.reqifz");
+  ASSERT_EQ(large.size(), 1u);
+  EXPECT_EQ(large[0].objects, 1784);
+  const auto content = Content(large[0].path);
+  EXPECT_EQ(
+      CountParts(content),
+      (std::map<TablePart, int>{
+          {TablePart::kNone, 915}, {TablePart::kTable, 6}, {TablePart::kRow, 128}, {TablePart::kCell, 735}}));
+  std::size_t longest = 0;
+  int ole_objects = 0;
+  const int text = content.AttributeAt(u"Object Text");
+  for (int i = 0; i < 1784; ++i) {
+    longest = std::max(longest, content.Value(i, text).size());
+    ole_objects += content.Value(i, text) == u"OLE Object" ? 1 : 0;
+  }
+  EXPECT_EQ(ole_objects, 24);
+  EXPECT_EQ(longest, 1234u + 7) << "characters and line breaks";
+  EXPECT_EQ(content.RichValue(content.ObjectAt(65), text), u"{\\b I3}");
+
+  const auto small = Load(u"doors-ole-small.reqifz");
+  ASSERT_EQ(small.size(), 1u);
+  EXPECT_EQ(small[0].path, u"/P/Folder/Spielwiese");
+  EXPECT_EQ(small[0].objects, 4);
+  EXPECT_EQ(ValueOf(Content(small[0].path), 5, u"Object Text"), u"OLE Object");
+}
+
+TEST_F(LoadReqifTest, DeletedObjectsAndAttributesOfOneNameAreKept) {
+  const auto loaded = Load(u"doors-35attrs-anon.reqif");
+  const auto content = Content(loaded[0].path);
+  int deleted = 0;
+  for (const DoorsObject& object : content.Objects()) deleted += object.deleted ? 1 : 0;
+  EXPECT_EQ(content.Objects().size(), 43u);
+  EXPECT_EQ(deleted, 15);
+  std::set<Text> names;
+  for (const auto& attribute : content.Attributes()) EXPECT_TRUE(names.insert(attribute.name).second);
+  EXPECT_TRUE(names.contains(u"xxxxxxxxxx"));
+  EXPECT_TRUE(names.contains(u"xxxxxxxxxx (2)"));
+  EXPECT_FALSE(names.contains(u"ReqIF.ForeignDeleted"));
+}
+
+TEST_F(LoadReqifTest, TwoModulesOfOneFileShareNumbersButNothingElse) {
+  const auto loaded = Load(u"doors-two-modules-77.reqif");
+  ASSERT_EQ(loaded.size(), 2u);
+  EXPECT_EQ(Content(loaded[0].path).Objects().size(), 55u);
+  EXPECT_EQ(Content(loaded[1].path).Objects().size(), 22u);
+  EXPECT_EQ(Ask("SELECT text FROM module_value v JOIN attribute a ON a.id = v.attribute WHERE a.name = "
+                "'Created On'"),
+            u"7 August 2024");
+}
+
+class ReloadTest : public LoadReqifTest {
+ protected:
+  ReloadTest() { first = Load(u"resync-a.reqif"); }
+  std::vector<LoadedModule> first;
+
+  /// Absolute number and parent's absolute number by the key of the file.
+  std::map<Text, std::pair<int, int>> Places() {
+    std::map<Text, std::pair<int, int>> places;
+    Statement row = database.Sql().PrepareOnce(
+        "SELECT o.origin, o.absolute_number, ifnull(p.absolute_number, 0) FROM object o "
+        "LEFT JOIN object p ON p.id = o.parent WHERE NOT o.deleted");
+    while (row.Step()) places[row.GetText(0)] = {row.Int(1), row.Int(2)};
+    return places;
+  }
+};
+
+TEST_F(ReloadTest, NumbersObjectsInDocumentOrderWhereTheFileHasNoNumbers) {
+  ASSERT_EQ(first.size(), 2u);
+  EXPECT_EQ(first[1].objects, 8);
+  const auto content = Content(first[0].path);
+  ASSERT_EQ(content.Objects().size(), 42u);
+  for (std::size_t i = 0; i < 42; ++i)
+    EXPECT_EQ(content.Objects()[i].absolute_number, static_cast<int>(i) + 1);
+  EXPECT_EQ(ValueOf(content, 2, u"ID"), u"REQ-1");
+  EXPECT_EQ(LoadReqif(database, ReqifFile(u"resync-a.reqif"))[0].path,
+            u"/ProR Versioning Support/Specification Document");
+}
+
+TEST_F(ReloadTest, FollowsTheNextStateOfTheDocument) {
+  const auto before = Places();
+  const auto second = Load(u"resync-b.reqif");
+  EXPECT_EQ(second[0].path, first[0].path);
+  EXPECT_EQ(second[0].objects + second[1].objects, 72);
+  EXPECT_EQ(second[0].added + second[1].added, 23);
+  EXPECT_EQ(second[0].removed + second[1].removed, 1);
+
+  const auto after = Places();
+  EXPECT_EQ(after.size(), 72u);
+  int moved = 0;
+  for (const auto& [origin, place] : before) {
+    const auto now = after.find(origin);
+    if (now == after.end()) continue;
+    EXPECT_EQ(now->second.first, place.first) << "an object lost its absolute number";
+    moved += now->second.second == place.second ? 0 : 1;
+  }
+  EXPECT_EQ(moved, 3);
+  EXPECT_EQ(Ask("SELECT v.text FROM object o JOIN value v ON v.object = o.id JOIN attribute a ON a.id = "
+                "v.attribute "
+                "WHERE o.deleted AND a.name = 'ID'"),
+            u"REQ-39");
+  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE name = 'Actors'"), u"2") << "not once for each module";
+  EXPECT_EQ(Ask("SELECT min(absolute_number) FROM object WHERE absolute_number > 42 AND NOT deleted"), u"43");
+}
+
+TEST_F(ReloadTest, AndBackAgainRestoresWhatHadGone) {
+  const auto before = Places();
+  Load(u"resync-b.reqif");
+  const auto third = Load(u"resync-a.reqif");
+  EXPECT_EQ(third[0].restored, 1);
+  EXPECT_EQ(third[0].removed + third[1].removed, 23);
+  EXPECT_EQ(third[0].added + third[1].added, 0);
+  EXPECT_EQ(Places(), before);
+}
+
+constexpr const char* kTypes = R"(
+  <DATATYPES>
+    <DATATYPE-DEFINITION-STRING IDENTIFIER="t" LONG-NAME="Line"/><DATATYPE-DEFINITION-BOOLEAN IDENTIFIER="b"/>
+    <DATATYPE-DEFINITION-ENUMERATION IDENTIFIER="e" LONG-NAME="Colour"><SPECIFIED-VALUES>
+      <ENUM-VALUE IDENTIFIER="e1" LONG-NAME="Red"/><ENUM-VALUE IDENTIFIER="e2" LONG-NAME="Blue"/>
+    </SPECIFIED-VALUES></DATATYPE-DEFINITION-ENUMERATION>
+  </DATATYPES>
+  <SPEC-TYPES>
+    <SPEC-OBJECT-TYPE IDENTIFIER="T1"><SPEC-ATTRIBUTES>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="n" LONG-NAME="Note"><TYPE><X-REF>t</X-REF></TYPE></ATTRIBUTE-DEFINITION-STRING>
+      <ATTRIBUTE-DEFINITION-INTEGER IDENTIFIER="id" LONG-NAME="ReqIF.ForeignID"/>
+      <ATTRIBUTE-DEFINITION-ENUMERATION IDENTIFIER="c" LONG-NAME="Colours" MULTI-VALUED="true"><TYPE><X-REF>e</X-REF></TYPE>
+        <DEFAULT-VALUE><ATTRIBUTE-VALUE-ENUMERATION><VALUES><ENUM-VALUE-REF>e2</ENUM-VALUE-REF></VALUES></ATTRIBUTE-VALUE-ENUMERATION></DEFAULT-VALUE>
+      </ATTRIBUTE-DEFINITION-ENUMERATION>
+      <ATTRIBUTE-DEFINITION-BOOLEAN IDENTIFIER="y" LONG-NAME="Yes"><TYPE><X-REF>b</X-REF></TYPE></ATTRIBUTE-DEFINITION-BOOLEAN>
+      <ATTRIBUTE-DEFINITION-DATE IDENTIFIER="d" LONG-NAME="When"/>
+    </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
+    <SPEC-OBJECT-TYPE IDENTIFIER="T2"><SPEC-ATTRIBUTES>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="n2" LONG-NAME="Note"/>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="h" LONG-NAME="Object Heading"/>
+    </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
+    <SPEC-OBJECT-TYPE IDENTIFIER="Unused"><SPEC-ATTRIBUTES>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="u" LONG-NAME="Unused"/>
+    </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
+  </SPEC-TYPES>)";
+
+std::string Value(const std::string& kind, const std::string& definition, const std::string& value) {
+  return "<ATTRIBUTE-VALUE-" + kind + " THE-VALUE=\"" + value + "\"><DEFINITION><REF>" + definition +
+         "</REF></DEFINITION></ATTRIBUTE-VALUE-" + kind + ">";
+}
+
+std::string SpecObject(const std::string& id, const std::string& type, const std::string& values) {
+  return "<SPEC-OBJECT IDENTIFIER='" + id + "'><VALUES>" + values + "</VALUES><TYPE><REF>" + type +
+         "</REF></TYPE></SPEC-OBJECT>";
+}
+
+std::string Place(const std::string& object, const std::string& children = "") {
+  return "<SPEC-HIERARCHY><OBJECT><REF>" + object + "</REF></OBJECT><CHILDREN>" + children +
+         "</CHILDREN></SPEC-HIERARCHY>";
+}
+
+std::string Document(const std::string& objects, const std::string& places) {
+  return std::string("<REQ-IF><CORE-CONTENT><REQ-IF-CONTENT>") + kTypes + "<SPEC-OBJECTS>" + objects +
+         "</SPEC-OBJECTS><SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='A/B'><CHILDREN>" + places +
+         "</CHILDREN></SPECIFICATION></SPECIFICATIONS></REQ-IF-CONTENT></CORE-CONTENT></REQ-IF>";
+}
+
+TEST_F(LoadReqifTest, ValuesOfEveryKindReadAsDoorsShowsThem) {
+  LoadText(Document(
+      SpecObject(
+          "o1", "T1",
+          Value("STRING", "n", "one&#13;&#10;two") + Value("BOOLEAN", "y", "true") +
+              Value("DATE", "d", "2024-02-29T13:05:09.000+01:00") + Value("INTEGER", "id", "70") +
+              "<ATTRIBUTE-VALUE-ENUMERATION><VALUES><ENUM-VALUE-REF>e2</ENUM-VALUE-REF><ENUM-VALUE-REF>e1"
+              "</ENUM-VALUE-REF></VALUES><DEFINITION><REF>c</REF></DEFINITION></"
+              "ATTRIBUTE-VALUE-ENUMERATION>") +
+          SpecObject("o2", "T2", Value("STRING", "n2", "merged") + Value("STRING", "h", "Heading")),
+      Place("o1") + Place("o2")));
+  const auto content = Content(u"/P/A-B");
+  EXPECT_EQ(ValueOf(content, 70, u"Note"), u"one\r\ntwo");
+  EXPECT_EQ(ValueOf(content, 70, u"Yes"), u"True");
+  EXPECT_EQ(ValueOf(content, 70, u"When"), u"29 February 2024 13:05:09");
+  EXPECT_EQ(ValueOf(content, 70, u"Colours"), u"Blue\nRed");
+  EXPECT_EQ(ValueOf(content, 71, u"Note"), u"merged");
+  EXPECT_EQ(ValueOf(content, 71, u"Object Heading"), u"Heading");
+  EXPECT_EQ(ValueOf(content, 71, u"Colours"), u"") << "the default is for new objects";
+
+  std::string definitions;
+  for (const auto& attribute : content.Attributes())
+    if (!attribute.system) definitions += ToUtf8(attribute.name + u":" + attribute.type + u" ");
+  EXPECT_EQ(definitions, "Note:Line Colours:Colour Yes:Boolean When:Date ");
+}
+
+TEST_F(LoadReqifTest, ObjectsAreRecognisedByNumberWhenTheirIdentifierIsNew) {
+  const auto state = [](const char* key, const std::string& values) {
+    return Document(SpecObject(key, "T1", Value("INTEGER", "id", "70") + values), Place(key));
+  };
+  LoadText(state("old", Value("STRING", "n", "before") + Value("BOOLEAN", "y", "true")));
+  LoadText(state("new", Value("STRING", "n", "after")));
+  const auto content = Content(u"/P/A-B");
+  ASSERT_EQ(content.Objects().size(), 1u);
+  EXPECT_EQ(ValueOf(content, 70, u"Note"), u"after");
+  EXPECT_EQ(ValueOf(content, 70, u"Yes"), u"") << "a value that the file no longer has";
+}
+
+TEST_F(LoadReqifTest, AnObjectAtTwoPlacesIsTwoObjects) {
+  LoadText(Document(SpecObject("o", "T1", Value("INTEGER", "id", "5")), Place("o", Place("o"))));
+  LoadText(Document(SpecObject("o", "T1", Value("INTEGER", "id", "5")), Place("o", Place("o"))));
+  const auto content = Content(u"/P/A-B");
+  ASSERT_EQ(content.Objects().size(), 2u);
+  EXPECT_EQ(content.Objects()[1].absolute_number, 6);
+  EXPECT_EQ(content.Objects()[1].parent, 0);
+}
+
+TEST_F(LoadReqifTest, HierarchyMayBeHoweverDeep) {
+  constexpr int kDepth = 5000;
+  std::string objects, open, close;
+  for (int i = 0; i < kDepth; ++i) {
+    objects += SpecObject("o" + std::to_string(i), "T1", "");
+    open += "<SPEC-HIERARCHY><OBJECT><REF>o" + std::to_string(i) + "</REF></OBJECT><CHILDREN>";
+    close += "</CHILDREN></SPEC-HIERARCHY>";
+  }
+  LoadText(Document(objects, open + close));
+  EXPECT_EQ(Content(u"/P/A-B").Objects().back().level, kDepth);
+}
+
+}  // namespace
+}  // namespace kestrune::standins

@@ -1,0 +1,91 @@
+#include "tests/standins/doors-database/DoorsTestFiles.h"
+
+namespace kestrune::standins {
+namespace {
+
+std::string Document(const std::string& content) {
+  return "<REQ-IF "
+         "xmlns='http://www.omg.org/spec/ReqIF/20110401/reqif.xsd'>\n<CORE-CONTENT><REQ-IF-CONTENT>\n" +
+         content + "</REQ-IF-CONTENT></CORE-CONTENT></REQ-IF>\n";
+}
+
+struct BadFile {
+  const char* name;
+  std::string bytes;
+  const char* says;
+};
+
+class BadReqif : public DoorsDatabaseTest, public ::testing::WithParamInterface<BadFile> {};
+
+TEST_P(BadReqif, IsRefusedAndNothingIsWritten) {
+  const Text file = folder.File(u"bad.reqif");
+  WriteFile(file, GetParam().bytes);
+  const std::string error = FailureOf([&] { LoadReqif(database, file, u"/P/F"); });
+  EXPECT_NE(error.find(GetParam().says), std::string::npos) << error;
+  EXPECT_EQ(error.find(ToUtf8(file)), 0u) << error;
+  EXPECT_EQ(error.find('\n'), std::string::npos) << error;
+  EXPECT_EQ(Ask("SELECT count(*) FROM item"), u"1");
+}
+
+const std::string kGoodSpecification =
+    "<SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='Good'/></SPECIFICATIONS>";
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BadReqif,
+    ::testing::Values(
+        BadFile{"Empty", "", "bad.reqif"}, BadFile{"NoXml", "Dear reader", "(1): "},
+        BadFile{"AnotherXml", "<?xml version='1.0'?>\n\n<html/>",
+                "(3): the root element is html, not REQ-IF"},
+        BadFile{"Truncated", Document(kGoodSpecification).substr(0, 190), "(3): "},
+        BadFile{"BrokenAfterAModule", Document(kGoodSpecification + "\n</WRONG>"), "(4): "},
+        BadFile{"Entities",
+                "<!DOCTYPE REQ-IF [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;'>]>\n" + Document("&b;"),
+                "a document type definition is not accepted"},
+        BadFile{"ExternalDtd", "<!DOCTYPE REQ-IF SYSTEM 'file:///etc/passwd'>\n" + Document(""),
+                "a document type definition is not accepted"},
+        BadFile{
+            "ReferenceToNowhere",
+            Document(
+                "<SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='S'><CHILDREN>\n"
+                "<SPEC-HIERARCHY IDENTIFIER='h'><OBJECT>\n<SPEC-OBJECT-REF>lost</SPEC-OBJECT-REF></OBJECT>"
+                "</SPEC-HIERARCHY></CHILDREN></SPECIFICATION></SPECIFICATIONS>"),
+            "(4): the hierarchy refers to the object \"lost\""},
+        BadFile{"SameIdentifierTwice",
+                Document("<SPEC-OBJECTS>\n<SPEC-OBJECT IDENTIFIER='o'/>\n<SPEC-OBJECT "
+                         "IDENTIFIER='o'/></SPEC-OBJECTS>"),
+                "(5): two objects have the same identifier"},
+        BadFile{"DamagedArchive", "PK\x03\x04 and nothing more", "the archive cannot be read"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(DoorsDatabaseTest, ArchiveWithACutMemberIsRefused) {
+  std::string bytes = ReadFile(ReqifFile(u"doors-ole-small.reqifz"));
+  const std::size_t member = bytes.find("_Spielwiese.reqif");
+  ASSERT_NE(member, std::string::npos);
+  bytes.replace(member + 100, 40, std::string(40, '\x7F'));
+  WriteFile(folder.File(u"cut.reqifz"), bytes);
+  EXPECT_NE(FailureOf([&] { LoadReqif(database, folder.File(u"cut.reqifz")); }), "");
+  EXPECT_EQ(Ask("SELECT count(*) FROM item"), u"1");
+}
+
+TEST_F(DoorsDatabaseTest, ModuleIsNotLoadedOverAnotherKindOfItem) {
+  database.Sql().Exec(
+      "INSERT INTO item (id, parent, type, name) VALUES (2, 1, 'Project', 'P'), (3, 2, 'Link', 'Good')");
+  const Text file = folder.File(u"good.reqif");
+  WriteFile(file,
+            Document("<SPECIFICATIONS><SPECIFICATION IDENTIFIER='f' LONG-NAME='First'/></SPECIFICATIONS>" +
+                     kGoodSpecification));
+  const struct {
+    TextView folder;
+    const char* says;
+  } cases[] = {{u"/P", "no formal module"}, {u"/P/Good", "is a module"}, {u"/", "path of a project"}};
+  for (const auto& c : cases) {
+    const std::string error = FailureOf([&] { LoadReqif(database, file, c.folder); });
+    EXPECT_NE(error.find(c.says), std::string::npos) << error;
+    EXPECT_EQ(Ask("SELECT count(*) FROM item"), u"3") << "the first module was written";
+  }
+  database.Sql().Exec("UPDATE item SET deleted = 1 WHERE id = 2");
+  EXPECT_NE(FailureOf([&] { LoadReqif(database, file, u"/P"); }).find("is deleted"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrune::standins

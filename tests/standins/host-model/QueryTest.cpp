@@ -1,0 +1,135 @@
+#include "platform/Xml.h"
+#include "tests/standins/host-model/Support.h"
+
+namespace kestrune::standins {
+namespace {
+
+constexpr const char16_t* kContentQuery =
+    u"SELECT t_object.Object_ID, t_object.ParentID, t_object.Name, t_object.Note, t_object.TPos, "
+    u"t_object.Alias, "
+    u"t_object.Author, t_object.Phase, t_object.[Version], t_object.PDATA2, t_object.PDATA3, "
+    u"t_object.PDATA5, "
+    u"t_object.Status, [Property], [Value] FROM t_object INNER JOIN t_objectproperties ON "
+    u"t_objectproperties.Object_ID = t_object.Object_ID WHERE t_object.Package_ID IN (%s) ORDER BY "
+    u"t_object.Object_ID";
+
+class OrimQuery : public ModelTest {
+ protected:
+  /// The rows of the answer, each as "Column=text" per column, joined by "|".
+  std::vector<std::string> Rows(const Text& sql) const {
+    XmlDocument document;
+    EXPECT_TRUE(document.LoadText(repository.Call(u"Query", {sql}).ToText()))
+        << ToUtf8(document.ParseError().Reason);
+    std::vector<std::string> rows;
+    for (const XmlNode& row : document.SelectNodes(u"/ORIMDATA/Dataset_0/Data/Row")) {
+      std::string cells;
+      for (XmlNode cell = row.FirstChild(); cell; cell = cell.NextSibling())
+        cells += (cells.empty() ? "" : "|") + ToUtf8(cell.Name() + u"=" + cell.Content());
+      rows.push_back(cells);
+    }
+    return rows;
+  }
+
+  static Text ContentQuery(const Text& ids) {
+    Text sql = kContentQuery;
+    return sql.replace(sql.find(u"%s"), 2, ids);
+  }
+};
+
+TEST_F(OrimQuery, ThePackageContentIsOneRowPerElementAndTaggedValue) {
+  const std::int32_t trash_id = model.AddPackage(package_id, u"Trash Can");
+  const std::int32_t elsewhere_id = model.AddPackage(package_id, u"Elsewhere");
+  const Object first = AddElement(u"First"), second = AddElement(u"Second"), third = AddElement(u"Third"),
+               stray = AddElement(u"Stray");
+  AddElement(u"Without tagged values");
+  for (const char16_t* field : {u"Notes", u"Alias", u"Author", u"Phase", u"Version", u"Priority",
+                                u"Difficulty", u"KeyWords", u"Status"})
+    second.Put(field, field);
+  second.Put(u"ParentID", IdOf(first));
+  PutAndSave(second, u"TreePos", 20);
+  PutAndSave(third, u"PackageID", trash_id);
+  PutAndSave(stray, u"PackageID", elsewhere_id);
+  AddTaggedValue(second, u"Object Identifier", u"R2");
+  AddTaggedValue(first, u"Object Identifier", u"R1");
+  AddTaggedValue(first, u"Created By", u"me");
+  AddTaggedValue(third, u"Object Identifier", u"R3");
+  AddTaggedValue(stray, u"Object Identifier", u"R4");
+
+  const auto id = [](const Object& element) { return std::to_string(IdOf(element)); };
+  const std::string first_row = "Object_ID=" + id(first) + "|ParentID=0|Name=First|TPos=0|Property=";
+  const std::vector<std::string> in_package = {
+      first_row + "Object Identifier|Value=R1", first_row + "Created By|Value=me",
+      "Object_ID=" + id(second) + "|ParentID=" + id(first) +
+          "|Name=Second|Note=Notes|TPos=20|Alias=Alias|Author=Author|Phase=Phase|Version=Version|PDATA2="
+          "Priority"
+          "|PDATA3=Difficulty|PDATA5=KeyWords|Status=Status|Property=Object Identifier|Value=R2"};
+  EXPECT_EQ(Rows(ContentQuery(ToText(package_id))), in_package);
+  std::vector<std::string> with_trash = in_package;
+  with_trash.push_back("Object_ID=" + id(third) +
+                       "|ParentID=0|Name=Third|TPos=0|Property=Object Identifier|Value=R3");
+  EXPECT_EQ(Rows(ContentQuery(ToText(package_id) + u"," + ToText(trash_id))), with_trash);
+  EXPECT_EQ(Rows(ContentQuery(u"999")), std::vector<std::string>());
+  EXPECT_EQ(Rows(u"SELECT Object_ID FROM t_object WHERE ParentID=" + ToText(IdOf(first))),
+            std::vector<std::string>{"Object_ID=" + id(second)});
+}
+
+TEST_F(OrimQuery, ColumnNamesAreSpelledAsTheHostSpellsThem) {
+  const Text sql = u"SELECT Package_ID, Name AS aB FROM t_package WHERE Name = 'Model'";
+  EXPECT_EQ(Rows(sql), std::vector<std::string>{"Package_ID=1|aB=Model"});
+  model.SetColumnSpelling(ColumnSpelling::kUpper);
+  EXPECT_EQ(Rows(sql), std::vector<std::string>{"PACKAGE_ID=1|AB=Model"});
+  model.SetColumnSpelling(ColumnSpelling::kLower);
+  EXPECT_EQ(Rows(sql), std::vector<std::string>{"package_id=1|ab=Model"});
+}
+
+TEST_F(OrimQuery, TextSurvivesTheWayThroughXml) {
+  const std::pair<Text, Text> cases[] = {
+      {u"<a href=\"x\">&amp;</a> ]]>", u"<a href=\"x\">&amp;</a> ]]>"},
+      {u"one\r\ntwo\rthree\nfour\tfive", u"one\r\ntwo\rthree\nfour\tfive"},
+      {u" \u00E4\u20AC\U0001F600 ", u" \u00E4\u20AC\U0001F600 "},
+      {Text(u"a\0b", 3) + u"\x1\x8\xB\xC\x1F"
+                          u"c",
+       u"abc"},
+      {u"a\xFFFE\xFFFF"
+       u"b",
+       u"ab"},
+      {u"high \xD800, low \xDC00, swapped \xDE00\xD83D.", u"high , low , swapped ."},
+      {u"ends high \xD83D", u"ends high "},
+      {u"", u""},
+  };
+  for (const auto& [stored, read] : cases) {
+    const Object element = AddElement(u"E");
+    PutAndSave(element, u"Notes", stored);
+    XmlDocument answer;
+    const Text sql = u"SELECT Note FROM t_object WHERE Object_ID=" + ToText(IdOf(element));
+    ASSERT_TRUE(answer.LoadText(repository.Call(u"Query", {sql}).ToText())) << ToUtf8(stored);
+    EXPECT_EQ(answer.SelectSingleNode(u"//Row/Note").Content(), read) << ToUtf8(stored);
+  }
+}
+
+TEST_F(OrimQuery, NothingIsRunThatIsNotAQuery) {
+  AddElement(u"E");
+  const TempFolder folder;
+  const Text attach = u"ATTACH '" + folder.File(u"side.db") + u"' AS side";
+  const std::pair<Text, const char*> cases[] = {
+      {u"DELETE FROM t_object", "A query must not write"},
+      {u"UPDATE t_object SET Name='x' RETURNING Name", "A query must not write"},
+      {u"SELECT 1 AS a; DELETE FROM t_object", "more than one SQL statement"},
+      {Text(u"SELECT 1 AS a;") + u'\0' + u"DELETE FROM t_object", "more than one SQL statement"},
+      {attach, "Only a SELECT can be queried"},
+      {u"BEGIN", "Only a SELECT can be queried"},
+      {u"PRAGMA locking_mode=EXCLUSIVE", "Only a SELECT can be queried"},
+      {u"", "no SQL statement"},
+      {u"SELECT * FROM t_nothing", "no such table: t_nothing"},
+      {u"SELECT FROM", "near \"FROM\": syntax error"},
+      {u"SELECT count(*) FROM t_object", "The column \"count(*)\" needs a name of letters and digits (AS)"},
+      {u"SELECT abs(-9223372036854775807 - 1) AS a", "integer overflow"},
+  };
+  for (const auto& [sql, reason] : cases)
+    EXPECT_EQ(FailureOf([&, sql = sql] { repository.Call(u"Query", {sql}); }), reason) << ToUtf8(sql);
+  EXPECT_TRUE(ListFolder(folder.Path()).empty());
+  EXPECT_EQ(Rows(u"SELECT count(*) AS n FROM t_object WHERE Name='E'"), std::vector<std::string>{"n=1"});
+}
+
+}  // namespace
+}  // namespace kestrune::standins

@@ -1,7 +1,0 @@
-#include <iostream>
-
-#include "workbench/program/Program.h"
-
-int main(int argc, char** argv) {
-  return kestrune::workbench::RunWorkbench({argv + 1, argv + argc}, {std::cin, std::cout, std::cerr});
-}
