@@ -1,9 +1,8 @@
 #include "addin/LocateInDoors.h"
 
-#include <algorithm>
-
 #include "common/Utilities.h"
 #include "options/Options.h"
+#include "orim/ElementFields.h"
 
 namespace kestrune {
 
@@ -14,8 +13,7 @@ constexpr TextView kKeyAttribute = u"Absolute Number";
 /// What the element holds where the rule puts the attribute's value; "" when the rule puts it nowhere.
 Text ValueAt(const MappingRule& rule, const orim::Element& element) {
   if (rule.Target != target::kTaggedValue) {
-    const bool is_field = std::ranges::find(kHostFields, rule.Target) != std::end(kHostFields);
-    return is_field ? element.Field(rule.Target) : Text();
+    return orim::FindElementField(rule.Target) ? element.Field(rule.Target) : Text();
   }
   const orim::TaggedValue tagged_value = element.TaggedValues().Find(rule.Attribute);
   return tagged_value ? tagged_value.Value() : Text();

@@ -20,8 +20,6 @@ constexpr int kHelpContents = 1000;
 constexpr std::int32_t kAutomationTrue = -1;
 constexpr std::int32_t kHideBuiltInMenus = 7;
 constexpr TextView kAddInFile = u"Kestrune.dll";
-constexpr std::int32_t kImport = 0;
-constexpr std::int32_t kExport = 1;
 
 Text WithSeparator(Text folder) {
   if (!folder.ends_with(u'\\')) folder += u'\\';
@@ -75,7 +73,7 @@ bool OrimDoors::IsLinked(const orim::Package& package) const {
 void OrimDoors::Orim_MenuClick(const orim::Repository& Repository, const Text&, const Text& ItemName) {
   const std::pair<int, std::function<void()>> commands[] = {
       {text::kMenuImport, [&] { Import(Repository); }},
-      {text::kMenuExport, [&] { Transfer(Repository, kExport); }},
+      {text::kMenuExport, [&] { Transfer(Repository, frmImport::kExport); }},
       {text::kMenuOptions, [&] { EditOptions(Repository); }},
       {text::kMenuHelp, [&] { platform_.desktop.ShowHelp(kHelpContents); }},
       {text::kMenuAbout, [&] { ShowAbout(); }},
@@ -90,7 +88,7 @@ void OrimDoors::Orim_ShowHelp(const Text&, const Text&) {}
 void OrimDoors::Import(const orim::Repository& repository) {
   const orim::Package package = repository.SelectedPackage();
   if (package && RefuseLocked(platform_.desktop, package)) return;
-  Transfer(repository, kImport);
+  Transfer(repository, frmImport::kImport);
 }
 
 void OrimDoors::Transfer(const orim::Repository& repository, std::int32_t direction) {
@@ -101,7 +99,7 @@ void OrimDoors::EditOptions(const orim::Repository& repository) {
   const orim::Package package = repository.SelectedPackage();
   if (!package || !Options(doors_).EnsureOK(repository, package, u"")) return;
   if (frmOptions(doors_).ShowOptions(repository, repository.SelectedPackage()) == frmOptions::kSaveAndImport)
-    Transfer(repository, kImport);
+    Transfer(repository, frmImport::kImport);
 }
 
 void OrimDoors::ShowAbout() {

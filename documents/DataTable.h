@@ -6,7 +6,7 @@
 namespace kestrune {
 
 /// Variants indexed (row, column). Row 0 stays empty; rows 1 to UpperRow() are objects or elements. Column 0
-/// is the row's key, columns 1 to UpperColumn() are the requested fields in the order of their requests.
+/// is the row's key, columns 1 and up are the requested fields in the order of their requests.
 class DataTable {
  public:
   DataTable() : DataTable(0, 0) {}
@@ -14,7 +14,6 @@ class DataTable {
       : upper_row_(upper_row), upper_column_(upper_column), cells_((upper_row + 1) * (upper_column + 1)) {}
 
   std::size_t UpperRow() const { return upper_row_; }
-  std::size_t UpperColumn() const { return upper_column_; }
   Variant& At(std::size_t row, std::size_t column) { return cells_[row * (upper_column_ + 1) + column]; }
   const Variant& At(std::size_t row, std::size_t column) const {
     return cells_[row * (upper_column_ + 1) + column];

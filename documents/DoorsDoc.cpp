@@ -11,8 +11,6 @@ namespace kestrune {
 namespace {
 
 constexpr TextView kSource = u"DoorsDoc.Load";
-constexpr TextView kPositionField = u"Field Position";
-constexpr TextView kIdentifierField = u"Object Identifier";
 constexpr std::size_t kLongestId = 6;  // a million attributes are enough for anybody
 
 [[noreturn]] void ThrowBadExport(Text description) {
@@ -77,17 +75,13 @@ std::unordered_map<Text, std::size_t> IdsByName(const XmlNode& attributes) {
 
 }  // namespace
 
-void DoorsDoc::AddField(Text attribute, Text separator, Text extra_attribute) {
-  requests_.push_back({std::move(attribute), std::move(separator), std::move(extra_attribute)});
-}
-
 void DoorsDoc::Load(const Text& path, Options& options, const Platform& platform,
                     const orim::Repository& repository) {
   const XmlDocument document = LoadExport(path, platform, OutputTab(repository));
   const XmlNode attributes = document.SelectSingleNode(u"DoorsModule/Attributes");
   const XmlNode objects = document.SelectSingleNode(u"DoorsModule/Objects");
   // Anything else that happens to be XML must not pass for a module that has lost its attributes and objects.
-  if (!attributes || !objects || !IdsByName(attributes).contains(Text(kIdentifierField)))
+  if (!attributes || !objects || !IdsByName(attributes).contains(Text(kObjectIdentifier)))
     ThrowUnreadable(path);
   options.RefreshDoorsAttributesFromXML(document);
   ReadObjects(objects, ResolveFields(attributes));
@@ -98,13 +92,14 @@ DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
   UsesById uses;
   const auto resolve = [&](const Text& attribute, Use use) {
     const auto found = ids.find(attribute);
-    if (found == ids.end() || attribute == kPositionField) return;
+    if (found == ids.end()) return;
     if (found->second >= uses.size()) uses.resize(found->second + 1);
     uses[found->second].push_back(use);
   };
-  for (std::size_t i = 0; i < requests_.size(); ++i) {
-    resolve(requests_[i].Attribute, {i + 1, false});
-    resolve(requests_[i].ExtraAttribute, {i + 1, true});
+  for (std::size_t c = 1; c < columns_.size(); ++c) {
+    if (columns_[c].Attribute == kFieldPosition) continue;
+    resolve(columns_[c].Attribute, {c, false});
+    resolve(columns_[c].ExtraAttribute, {c, true});
   }
   return uses;
 }
@@ -112,8 +107,8 @@ DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
 void DoorsDoc::ReadObjects(const XmlNode& objects, const UsesById& uses) {
   std::size_t count = 0;
   for (XmlNode each = objects.FirstChild(); each; each = each.NextSibling()) ++count;
-  table_ = DataTable(count, requests_.size());
-  std::vector<Text> extras(requests_.size() + 1);
+  table_ = DataTable(count, columns_.size() - 1);
+  std::vector<Text> extras(columns_.size());
   PositionByParent last_position = {{u"", 0}};
   last_position.reserve(count + 1);
   std::size_t row = 0;
@@ -141,12 +136,11 @@ void DoorsDoc::ReadObject(std::size_t row, const XmlNode& object, const UsesById
     for (std::size_t i = 1; i < uses[*id].size(); ++i) put(uses[*id][i], content);
     put(uses[*id].front(), std::move(content));
   }
-  for (std::size_t i = 0; i < requests_.size(); ++i) {
-    Text& extra = extras[i + 1];
-    if (extra.empty()) continue;
-    Variant& cell = table_.At(row, i + 1);
-    cell = cell.ToText() + requests_[i].Separator + extra;
-    extra.clear();
+  for (std::size_t c = 1; c < columns_.size(); ++c) {
+    if (extras[c].empty()) continue;
+    Variant& cell = table_.At(row, c);
+    cell = cell.ToText() + columns_[c].Separator + extras[c];
+    extras[c].clear();
   }
 }
 

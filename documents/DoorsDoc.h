@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "documents/DataTable.h"
+#include "documents/ImportColumn.h"
 #include "options/Options.h"
 
 namespace kestrune {
@@ -18,9 +19,9 @@ class DoorsDoc {
   /// The number of the error for an export that cannot be read.
   static constexpr std::uint32_t kBadExport = error::kBase + 1001;
 
-  /// Requests an attribute's value, followed by `separator` and the extra attribute's value where that has
-  /// one.
-  void AddField(Text attribute, Text separator = {}, Text extra_attribute = {});
+  /// Requests the value of the column's attribute, followed by the separator and the extra attribute's value
+  /// where that has one.
+  void AddField(ImportColumn column) { columns_.push_back(std::move(column)); }
 
   /// Reads the export file at `path`. A malformed one is read once more without its control characters, which
   /// is told in the output tab "DOORS". The attribute list of the export is taken over into `options`, and
@@ -31,11 +32,6 @@ class DoorsDoc {
   const DataTable& GetData() const { return table_; }
 
  private:
-  struct Request {
-    Text Attribute;
-    Text Separator;
-    Text ExtraAttribute;
-  };
   struct Use {  // of one export element
     std::size_t Column;
     bool IsExtra;
@@ -48,7 +44,7 @@ class DoorsDoc {
   void ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses, std::vector<Text>& extras);
   void NumberSiblings(PositionByParent& last_position);
 
-  std::vector<Request> requests_;
+  std::vector<ImportColumn> columns_ = std::vector<ImportColumn>(1);  // numbered as in the table
   DataTable table_;
 };
 

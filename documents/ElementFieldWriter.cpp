@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "common/Resources.h"
-#include "documents/ElementFields.h"
 
 namespace kestrune {
 
@@ -11,7 +10,7 @@ namespace {
 
 // The literal "<memo>" goes into the memo as well: as a value it would say that the text is there.
 bool NeedsMemo(const Text& text) {
-  return text.size() > kLongestValue || text == kMemoValue;
+  return text.size() > orim::kLongestValue || text == orim::kMemoValue;
 }
 
 using TaggedValues = orim::Collection<orim::TaggedValue>;
@@ -33,10 +32,10 @@ void WriteTaggedValue(const orim::Element& element, const Text& name, const Text
   const bool is_new = !tagged_value;
   if (is_new) tagged_value = tagged_values.AddNew(name, u"");
   if (NeedsMemo(text)) {
-    tagged_value.SetValue(Text(kMemoValue));
+    tagged_value.SetValue(Text(orim::kMemoValue));
     tagged_value.SetNotes(text);
   } else {
-    const bool had_memo = !is_new && tagged_value.Value() == kMemoValue;
+    const bool had_memo = !is_new && tagged_value.Value() == orim::kMemoValue;
     tagged_value.SetValue(text);
     if (had_memo) tagged_value.SetNotes(u"");
   }
@@ -48,7 +47,7 @@ void WriteTaggedValue(const orim::Element& element, const Text& name, const Text
 
 void ElementFieldWriter::Write(orim::Element& element, std::size_t row, std::size_t column,
                                const Variant& value) {
-  const Text& name = package_.Fields()[column - 1].Name;
+  const Text& name = package_.Column(column).Name;
   if (HasFailed(name)) return;
   try {
     if (!index_.IsCreated(row)) ShowChange(element, row, column, value);
@@ -67,26 +66,27 @@ bool ElementFieldWriter::HasFailed(const Text& name) const {
 void ElementFieldWriter::ShowChange(const orim::Element& element, std::size_t row, std::size_t column,
                                     const Variant& value) {
   const Text old_value = package_.GetData().At(row, column).ToText();
-  progress_.ProgressModify(
-      element.Name(), package_.Fields()[column - 1].Name + u": " + old_value + u" --> " + value.ToText());
+  progress_.ProgressModify(element.Name(),
+                           package_.Column(column).Name + u": " + old_value + u" --> " + value.ToText());
 }
 
 void ElementFieldWriter::WriteField(const orim::Element& element, std::size_t row, std::size_t column,
                                     const Variant& value) const {
-  const OrimField& field = package_.Fields()[column - 1];
-  switch (field.Kind) {
-    case OrimField::kTaggedValue:
-      return WriteTaggedValue(element, field.Name, value.ToText(), IsStored(row, column));
-    case OrimField::kElementField:
-      element.SetField(field.Name, value.ToText());
+  const ImportColumn& target = package_.Column(column);
+  switch (target.Place) {
+    case ImportColumn::Place::kTaggedValue:
+      return WriteTaggedValue(element, target.Name, value.ToText(), IsStored(row, column));
+    case ImportColumn::Place::kElementField:
+      element.SetField(target.Name, value.ToText());
       break;
-    case OrimField::kCalculated:
-      if (column == column::kParent)
-        element.SetParentID(ParentIdOf(value.ToText()));
-      else if (column == column::kPosition)
-        element.SetTreePos(value.ToInt());
-      else
-        return;
+    case ImportColumn::Place::kLevel:
+      return;
+    case ImportColumn::Place::kParent:
+      element.SetParentID(ParentIdOf(value.ToText()));
+      break;
+    case ImportColumn::Place::kPosition:
+      element.SetTreePos(value.ToInt());
+      break;
   }
   element.Save();
 }

@@ -21,7 +21,7 @@ class ElementFieldWriter {
   void Write(orim::Element& element, std::size_t row, std::size_t column, const Variant& value);
 
   /// Whether the writing of field `column` has failed for any element.
-  bool HasFailed(std::size_t column) const { return HasFailed(package_.Fields()[column - 1].Name); }
+  bool HasFailed(std::size_t column) const { return HasFailed(package_.Column(column).Name); }
   /// The names of the fields whose writing failed.
   const std::vector<Text>& FailedFields() const { return failed_; }
 

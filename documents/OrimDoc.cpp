@@ -1,8 +1,7 @@
 #include "documents/OrimDoc.h"
 
 #include "common/Resources.h"
-#include "documents/ElementFields.h"
-#include "options/MappingRule.h"
+#include "orim/ElementFields.h"
 
 namespace kestrune {
 
@@ -11,33 +10,22 @@ namespace {
 // The columns that are read of the package query; those of the element fields follow.
 enum QueryColumn : std::size_t { kObjectId, kParentId, kTreePos, kProperty, kValue, kFirstField };
 
-constexpr TextView kTaggedValuePrefix = u"(Tagged Value)";
-constexpr TextView kCalculatedPrefix = u"(Calculated)";
-constexpr TextView kIdentifierName = u"Object Identifier";
-
 std::vector<Text> QueryColumns() {
   std::vector<Text> columns = {u"Object_ID", u"ParentID", u"TPos", u"Property", u"Value"};
-  for (const ElementField& field : kElementFields) columns.emplace_back(field.QueryColumn);
+  for (const orim::ElementField& field : orim::kElementFields) columns.emplace_back(field.QueryColumn);
   return columns;
 }
 
+/// The column of the query that answers the element field.
+std::size_t QueryColumnOf(const Text& field) {
+  return kFirstField + static_cast<std::size_t>(orim::FindElementField(field) - orim::kElementFields.data());
+}
+
 bool IsIdentifierRow(const QueryAnswer::Row& row) {
-  return row.GetText(kProperty) == kIdentifierName;
+  return row.GetText(kProperty) == kObjectIdentifier;
 }
 
 }  // namespace
-
-void OrimDoc::AddField(const Text& target) {
-  const auto named_after = [&](TextView prefix) {
-    return target.substr(std::min(prefix.size() + 1, target.size()));
-  };
-  if (target.starts_with(kTaggedValuePrefix))
-    fields_.push_back({OrimField::kTaggedValue, named_after(kTaggedValuePrefix)});
-  else if (target.starts_with(kCalculatedPrefix))
-    fields_.push_back({OrimField::kCalculated, named_after(kCalculatedPrefix)});
-  else
-    fields_.push_back({OrimField::kElementField, target});
-}
 
 Text OrimDoc::PackageIds() const {
   Text ids = ToText(package_.PackageID());
@@ -51,21 +39,12 @@ void OrimDoc::Load() {
   const QueryAnswer answer(repository_, sql, QueryColumns());
   FindElements(answer);
   if (table_.UpperRow() == 0) return;
-  ResolveElementFields();
   const ColumnsByName tagged_values = TaggedValueColumns();
   std::size_t next = 0;
   answer.ForEach([&](const QueryAnswer::Row& row) {
     if (IsIdentifierRow(row)) FillRow(++next, row);
     FillTaggedValue(row, tagged_values);
   });
-}
-
-void OrimDoc::ResolveElementFields() {
-  for (const OrimField& field : fields_) {
-    std::optional<std::size_t> query_column;
-    if (field.Kind == OrimField::kElementField) query_column = kFirstField + ElementFieldIndex(field.Name);
-    field_columns_.push_back(query_column);
-  }
 }
 
 void OrimDoc::FindElements(const QueryAnswer& answer) {
@@ -76,16 +55,16 @@ void OrimDoc::FindElements(const QueryAnswer& answer) {
     rows_by_id_.emplace(id, ++count);
     identifier_by_id_.emplace(id, row.GetText(kValue));
   });
-  table_ = DataTable(count, fields_.size());
+  table_ = DataTable(count, LastColumn());
 }
 
 void OrimDoc::FillRow(std::size_t row, const QueryAnswer::Row& source) {
   table_.At(row, column::kKey) = source.GetNumber(kObjectId);
-  for (std::size_t c = 1; c <= fields_.size(); ++c) {
-    if (const auto query_column = field_columns_[c - 1]; query_column && source.Has(*query_column))
-      table_.At(row, c) = source.GetText(*query_column);
+  for (std::size_t c = 1; c <= LastColumn(); ++c) {
+    if (columns_[c].Place != ImportColumn::Place::kElementField) continue;
+    const std::size_t query_column = QueryColumnOf(columns_[c].Name);
+    if (source.Has(query_column)) table_.At(row, c) = source.GetText(query_column);
   }
-  if (fields_.size() < column::kPosition) return;
   table_.At(row, column::kParent) = ParentIdentifier(row, source);
   table_.At(row, column::kPosition) = source.GetNumber(kTreePos);
 }
@@ -104,8 +83,8 @@ Text OrimDoc::ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) 
 
 OrimDoc::ColumnsByName OrimDoc::TaggedValueColumns() const {
   ColumnsByName columns;
-  for (std::size_t c = 1; c <= fields_.size(); ++c)
-    if (fields_[c - 1].Kind == OrimField::kTaggedValue) columns.emplace(fields_[c - 1].Name, c);
+  for (std::size_t c = 1; c <= LastColumn(); ++c)
+    if (columns_[c].Place == ImportColumn::Place::kTaggedValue) columns.emplace(columns_[c].Name, c);
   return columns;
 }
 
@@ -119,8 +98,9 @@ void OrimDoc::FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByNam
 }
 
 Variant OrimDoc::StoredValue(std::size_t row, std::size_t column) {
-  const OrimField& field = fields_[column - 1];
-  const bool is_memo = field.Kind == OrimField::kTaggedValue && table_.TextAt(row, column) == kMemoValue;
+  const ImportColumn& field = columns_[column];
+  const bool is_memo =
+      field.Place == ImportColumn::Place::kTaggedValue && table_.TextAt(row, column) == orim::kMemoValue;
   if (!is_memo) return table_.At(row, column);
   if (!has_memo_texts_) LoadMemoTexts();
   return memo_texts_[table_.At(row, column::kKey).ToInt()][field.Name];

@@ -1,20 +1,13 @@
 // The linked package's present content, read through one query of the host.
 #pragma once
 
-#include <optional>
 #include <unordered_map>
 
 #include "documents/DataTable.h"
+#include "documents/ImportColumn.h"
 #include "documents/QueryAnswer.h"
 
 namespace kestrune {
-
-/// What a field of the package is, from the target side of a mapping rule.
-struct OrimField {
-  enum Kind { kElementField, kTaggedValue, kCalculated };
-  Kind Kind = kElementField;
-  Text Name;
-};
 
 /// Fields are added first, then the package is loaded once, then the table is read. A row stands for an
 /// element that was imported from DOORS, in the package or in its trash package. Column 0 is the element's
@@ -25,16 +18,15 @@ class OrimDoc {
   OrimDoc(orim::Repository repository, orim::Package package)
       : repository_(std::move(repository)), package_(std::move(package)) {}
 
-  /// `target` is a host field's name, "(Tagged Value) " and a name, or "(Calculated) " and a name.
-  void AddField(const Text& target);
+  void AddField(ImportColumn column) { columns_.push_back(std::move(column)); }
 
-  /// Throws AutomationError 0x80040001 "Unknown field: ..." for a target that is no host field where
-  /// there are elements to read, and
-  /// 0x80040001 when an element lies below one that was not imported from DOORS.
+  /// Throws AutomationError 0x80040001 when an element lies below one that was not imported from DOORS.
   void Load();
 
   const DataTable& GetData() const { return table_; }
-  const std::vector<OrimField>& Fields() const { return fields_; }  // field c is Fields()[c - 1]
+  /// What table column c holds, for c from 1 to LastColumn().
+  const ImportColumn& Column(std::size_t c) const { return columns_[c]; }
+  std::size_t LastColumn() const { return columns_.size() - 1; }
 
   /// The value that the package holds: the cell, or for a tagged value stored as "<memo>" its memo text. The
   /// memo texts of all elements are asked for together, when the first is needed.
@@ -47,7 +39,6 @@ class OrimDoc {
   using ColumnsByName = std::unordered_multimap<Text, std::size_t>;
 
   void FindElements(const QueryAnswer& answer);
-  void ResolveElementFields();
   void FillRow(std::size_t row, const QueryAnswer::Row& source);
   void FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns);
   Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const;
@@ -56,8 +47,7 @@ class OrimDoc {
 
   orim::Repository repository_;
   orim::Package package_;
-  std::vector<OrimField> fields_;
-  std::vector<std::optional<std::size_t>> field_columns_;  // of an element field: its column of the query
+  std::vector<ImportColumn> columns_ = std::vector<ImportColumn>(1);  // numbered as in the table
   std::unordered_multimap<std::int32_t, std::size_t> rows_by_id_;  // two for an element with two identifiers
   std::unordered_map<std::int32_t, Text> identifier_by_id_;
   DataTable table_;

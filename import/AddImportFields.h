@@ -6,8 +6,8 @@
 
 namespace kestrune {
 
-/// For every rule that has a target, the fixed ones included, adds the target to `orim_doc` and the attribute
-/// to `doors_doc`; returns how many there were.
+/// Adds the column of every rule that has a target, the fixed ones included, to both documents; returns how
+/// many there were. Throws as ColumnOf does.
 int AddImportFields(const Options& options, OrimDoc& orim_doc, DoorsDoc& doors_doc);
 
 }  // namespace kestrune

@@ -1,7 +1,6 @@
 #include "import/Synchronisation.h"
 
 #include "common/Utilities.h"
-#include "documents/ElementFields.h"
 
 namespace kestrune {
 
@@ -153,10 +152,10 @@ void Synchronisation::CreateElement(const ModuleRow& object) {
 // field.
 Text Synchronisation::NewElementName(const ModuleRow& object) const {
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
-    const OrimField& field = orim_doc_.Fields()[c - 1];
-    if (field.Kind != OrimField::kElementField || field.Name != u"Name") continue;
+    const ImportColumn& target = orim_doc_.Column(c);
+    if (target.Place != ImportColumn::Place::kElementField || target.Name != u"Name") continue;
     const Text name = module_.At(object.Row, c).ToText();
-    if (!name.empty() && name.size() <= kLongestValue) return name;
+    if (!name.empty() && name.size() <= orim::kLongestValue) return name;
   }
   return object.Identifier;
 }

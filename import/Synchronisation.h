@@ -42,7 +42,7 @@ class Synchronisation {
 
   std::unordered_set<std::int32_t> ElementsInTrash() const;
   std::vector<bool> MatchedRows() const;
-  std::size_t LastColumn() const { return orim_doc_.Fields().size(); }
+  std::size_t LastColumn() const { return orim_doc_.LastColumn(); }
   Text NewElementName(const ModuleRow& object) const;
   /// The module's value as the package holds it: rich text in the host's notes format.
   Variant ModuleValue(const ModuleRow& object, std::size_t column) const;

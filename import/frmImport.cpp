@@ -11,7 +11,6 @@ namespace kestrune {
 
 namespace {
 
-constexpr std::int32_t kExportCaptionDirection = 1;
 constexpr std::uint32_t kRefusedByDoors = error::kBase + 2;
 constexpr int kBadExportHelp = 6740;
 constexpr TextView kViewErrorPrefix = u"Error: View '";
@@ -39,8 +38,7 @@ void frmImport::Form_Load() {
   Label1.SetCaption(LoadResText(text::kDetails));
   cmdClose.SetCaption(LoadResText(text::kClose));
   cmdHelp.SetCaption(LoadResText(text::kHelp));
-  SetCaption(
-      LoadResText(direction_ == kExportCaptionDirection ? text::kExportProgress : text::kImportProgress));
+  SetCaption(LoadResText(direction_ == kExport ? text::kExportProgress : text::kImportProgress));
   HelpContextID = 6340;
   ApplyStandardFont(*this);
   cmdClose.SetEnabled(false);
@@ -76,7 +74,7 @@ void frmImport::RunTransfer() {
   ExportModule(module_path);
   LoadDocuments();
   Progress(LoadResText(text::kComparing));
-  if (direction_ != 0)
+  if (direction_ != kImport)
     CompareForExport(doors_doc_->GetData(), *orim_doc_);
   else
     Import(package);
@@ -119,7 +117,7 @@ void frmImport::RequireFile(const Text& answer) const {
 
 void frmImport::LoadDocuments() {
   doors_doc_->Load(export_path_, *options_, doors_.platform(), repository_);
-  if (direction_ == 0) options_->Save();
+  if (direction_ == kImport) options_->Save();
   RemoveFile(export_path_);
   desktop_.PumpMessages();
   Progress(LoadResText(text::kCheckingPackage));

@@ -17,8 +17,10 @@ class frmImport : public Form, public ImportProgress {
 
   TextView ClassName() const override { return u"frmImport"; }
 
-  /// Opens the window and runs the transfer of the package selected in the host: Direction 0 imports, any
-  /// other value compares for an export and changes nothing. Returns when the window has been closed.
+  enum Direction : std::int32_t { kImport = 0, kExport = 1 };
+
+  /// Opens the window and runs the transfer of the package selected in the host: kImport imports, any other
+  /// direction compares for an export and changes nothing. Returns when the window has been closed.
   void Transfer(const orim::Repository& Repos, std::int32_t Direction);
 
   void Progress(const Text& msg) override;
@@ -55,7 +57,7 @@ class frmImport : public Form, public ImportProgress {
   Doors& doors_;
   Desktop& desktop_;
   orim::Repository repository_;
-  std::int32_t direction_ = 0;
+  std::int32_t direction_ = kImport;
   ImportLines lines_;
   Text export_path_;
   std::unique_ptr<Options> options_;

@@ -30,13 +30,10 @@ inline constexpr TextView kParent = u"(Calculated) Parent";
 inline constexpr TextView kPosition = u"(Calculated) Position";
 }  // namespace target
 
-/// The host element's fields that may be targets, in the order in which the user is offered them.
-inline constexpr std::array<TextView, 10> kHostFields = {u"Name",     u"Alias",  u"Status",   u"Difficulty",
-                                                         u"Priority", u"Author", u"KeyWords", u"Phase",
-                                                         u"Version",  u"Notes"};
-
 /// The key of an object in its module, imported by a fixed rule and open to one more rule of the user's.
 inline constexpr TextView kObjectIdentifier = u"Object Identifier";
+/// The place of an object among its siblings, which no export holds: it is counted.
+inline constexpr TextView kFieldPosition = u"Field Position";
 
 /// The rules that every import needs, whatever the user chooses.
 inline constexpr std::array<TextView, 4> kFixedRules = {

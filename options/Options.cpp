@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "common/Utilities.h"
+#include "orim/ElementFields.h"
 
 namespace kestrune {
 
@@ -94,7 +95,8 @@ std::vector<Text> Options::GetUnusedDOORSAttributes() const {
 }
 
 std::vector<Text> Options::GetUnusedOrimFields() const {
-  std::vector<Text> fields(kHostFields.begin(), kHostFields.end());
+  std::vector<Text> fields;
+  for (const orim::ElementField& field : orim::kElementFields) fields.emplace_back(field.Name);
   for (const MappingRule& rule : UserRules()) {
     const Text used = AsciiLower(rule.Target);
     std::erase_if(fields, [&used](const Text& field) { return AsciiLower(field) == used; });

@@ -62,7 +62,7 @@ class Options {
   void FillListBox(ListView& lv) const;
   /// The attributes of the rules without a target, in slot order.
   std::vector<Text> GetUnusedDOORSAttributes() const;
-  /// The host fields that no rule from slot 5 on targets, in the order of kHostFields.
+  /// The host fields that no rule from slot 5 on targets, in the order of orim::kElementFields.
   std::vector<Text> GetUnusedOrimFields() const;
   const Text& GetAttributeName(std::size_t index) const { return Rules.at(index).Attribute; }
   const Text& GetOrimTarget(std::size_t index) const { return Rules.at(index).Target; }

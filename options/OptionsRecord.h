@@ -17,7 +17,6 @@
 namespace kestrune {
 
 inline constexpr TextView kRecordName = u"DoorsConnection";  // of the tagged value
-inline constexpr TextView kMemoValue = u"<memo>";  // its value, which says that the text is in the memo
 
 struct OptionsRecord {
   Text RestrictToView;

@@ -46,7 +46,7 @@ void Options::Save() {
   const auto tagged_values = Package.Element().TaggedValues();
   auto stored = tagged_values.Find(Text(kRecordName));
   if (stored && stored.Notes() == text) return;
-  if (!stored) stored = tagged_values.AddNew(Text(kRecordName), Text(kMemoValue));
+  if (!stored) stored = tagged_values.AddNew(Text(kRecordName), Text(orim::kMemoValue));
   stored.SetNotes(text);
   stored.Save();
   tagged_values.Refresh();

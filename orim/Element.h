@@ -5,6 +5,11 @@
 
 namespace kestrune::orim {
 
+/// What a tagged value holds as its value when its text is in its memo.
+inline constexpr TextView kMemoValue = u"<memo>";
+/// The longest text that a tagged value or a name holds, in UTF-16 units.
+inline constexpr std::size_t kLongestValue = 255;
+
 class TaggedValue : public Handle {
  public:
   using Handle::Handle;
@@ -24,8 +29,7 @@ class Element : public Handle {
   std::int32_t ElementID() const { return GetInt(member::kElementId); }
   bool Locked() const { return object().Get(member::kLocked).ToBool(); }
   Text Name() const { return GetText(member::kName); }
-  /// One of the text fields "Name", "Alias", "Status", "Difficulty", "Priority", "Author", "KeyWords",
-  /// "Phase", "Version", "Notes".
+  /// One of kElementFields.
   Text Field(TextView name) const { return GetText(name); }
   void SetField(TextView name, const Text& value) const { object().Put(name, value); }
   std::int32_t PackageID() const { return GetInt(member::kPackageId); }

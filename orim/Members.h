@@ -33,7 +33,7 @@ inline constexpr TextView kElement = u"Element";
 inline constexpr TextView kPackages = u"Packages";
 inline constexpr TextView kFlags = u"Flags";
 
-// Element; its text fields are reached by the names that the mapping rules give them
+// Element; its text fields stand in ElementFields.h
 inline constexpr TextView kElementId = u"ElementID";
 inline constexpr TextView kLocked = u"Locked";
 inline constexpr TextView kTaggedValues = u"TaggedValues";

@@ -1,4 +1,5 @@
 #include "options/frmMapWizard.h"
+#include "orim/ElementFields.h"
 #include "tests/options/OptionsTest.h"
 
 namespace kestrune::testing {
@@ -84,7 +85,8 @@ TEST_F(MapWizardTest, NeverOffersATaggedValueForTheIdentifier) {
 
 TEST_F(MapWizardTest, CannotFinishWithoutATarget) {
   Lines rules = {u"Object Identifier"};
-  for (const TextView field : kHostFields) rules.push_back(u"For " + Text(field) + u" --> " + Text(field));
+  for (const orim::ElementField& field : orim::kElementFields)
+    rules.push_back(u"For " + Text(field.Name) + u" --> " + Text(field.Name));
   const Text rule = Run(rules, u"Object Identifier", false, [](frmMapWizard& form) {
     EXPECT_TRUE(form.lstTarget.Items().empty());
     EXPECT_FALSE(form.cmdNext.Enabled());
