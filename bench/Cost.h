@@ -17,14 +17,14 @@ struct Cost {
   void KeepBest(const Cost& other);
 };
 
-/// Runs `work` in a child of this process, so that each measurement starts with the same small heap and
-/// leaves nothing behind. Throws std::runtime_error when it fails there; what it said stands in standard
-/// error.
+/// Runs `work` in a child of this process, so that each measurement starts with
+/// the same small heap and leaves nothing behind. Throws std::runtime_error
+/// when it fails there; what it said stands in standard error.
 Cost InChild(const std::function<Cost()>& work);
 
-/// The processor time that this thread has taken, by itself and in the kernel. Unlike the time on the wall it
-/// does not count what the rest of the machine does meanwhile; nothing that is measured here waits for
-/// anything.
+/// The processor time that this thread has taken, by itself and in the
+/// kernel. Unlike the time on the wall it does not count what the rest of the
+/// machine does meanwhile; nothing that is measured here waits for anything.
 double CpuSeconds();
 
 /// Time and memory of `work`, in the process that calls this.

@@ -107,8 +107,8 @@ std::string InBraces(const std::string& text) {
   return "{\\b " + text.substr(0, first_word) + "}" + text.substr(first_word);
 }
 
-// Of five objects the first is a heading, the next three are requirements below it, the last a detail of the
-// last one.
+// Of five objects the first is a heading, the next three are
+// requirements below it, the last a detail of the last one.
 bool IsHeading(int number) {
   return number % kHeadingEvery == 1;
 }

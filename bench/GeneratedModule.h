@@ -1,5 +1,5 @@
-// A module of any size to measure with: always the same one for the same size, of the shape of real
-// requirements documents.
+// A module of any size to measure with: always the same one for
+// the same size, of the shape of real requirements documents.
 #pragma once
 
 #include <array>
@@ -23,9 +23,9 @@ struct GeneratedObject {
 /// and another status.
 enum class Edition { kFirst, kNext };
 
-/// Objects of chapters, sections and requirements with their details, five levels deep. Requirements have a
-/// text of some sentences, one in a hundred a comment of some thousand characters; one in twenty texts is not
-/// plain ASCII.
+/// Objects of chapters, sections and requirements with their details, five
+/// levels deep. Requirements have a text of some sentences, one in a hundred a
+/// comment of some thousand characters; one in twenty texts is not plain ASCII.
 void ForEachObject(int count, Edition edition, const std::function<void(const GeneratedObject&)>& visit);
 
 /// The export file of the module, as the export script has DOORS write it.

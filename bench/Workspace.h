@@ -8,8 +8,8 @@
 
 namespace kestrune::bench {
 
-/// A folder that is there as long as this. What it holds is made when it is first asked for, in a child
-/// process.
+/// A folder that is there as long as this. What it holds
+/// is made when it is first asked for, in a child process.
 class Workspace {
  public:
   Workspace();

@@ -1,5 +1,5 @@
-// Measures what an import costs, phase by phase, on modules of growing size. docs/benchmarks.md says how to
-// read it.
+// Measures what an import costs, phase by phase, on modules
+// of growing size. docs/benchmarks.md says how to read it.
 #include <benchmark/benchmark.h>
 #include <iostream>
 

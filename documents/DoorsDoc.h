@@ -23,10 +23,10 @@ class DoorsDoc {
   /// where that has one.
   void AddField(ImportColumn column) { columns_.push_back(std::move(column)); }
 
-  /// Reads the export file at `path`. A malformed one is read once more without its control characters, which
-  /// is told in the output tab "DOORS". The attribute list of the export is taken over into `options`, and
-  /// not saved. Throws AutomationError kBadExport, source "DoorsDoc.Load", when the file is no export or
-  /// stays malformed.
+  /// Reads the export file at `path`. A malformed one is read once more without its
+  /// control characters, which is told in the output tab "DOORS". The attribute list of
+  /// the export is taken over into `options`, and not saved. Throws AutomationError
+  /// kBadExport, source "DoorsDoc.Load", when the file is no export or stays malformed.
   void Load(const Text& path, Options& options, const Platform& platform, const orim::Repository& repository);
 
   const DataTable& GetData() const { return table_; }

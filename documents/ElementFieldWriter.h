@@ -7,9 +7,9 @@
 
 namespace kestrune {
 
-/// Every write ends in the element, or its tagged value, being saved, so that a failure belongs to the field
-/// that caused it. A failure becomes a line of the import window; its field is not written again for any
-/// later element.
+/// Every write ends in the element, or its tagged value, being saved, so that
+/// a failure belongs to the field that caused it. A failure becomes a line of
+/// the import window; its field is not written again for any later element.
 class ElementFieldWriter {
  public:
   ElementFieldWriter(orim::Repository repository, ImportProgress& progress, const OrimDoc& package,

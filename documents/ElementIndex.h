@@ -1,5 +1,5 @@
-// Which row stands for the element of a DOORS object: the package's rows, and those of elements that this
-// import made.
+// Which row stands for the element of a DOORS object: the
+// package's rows, and those of elements that this import made.
 #pragma once
 
 #include <optional>
@@ -15,8 +15,8 @@ class ElementIndex {
  public:
   explicit ElementIndex(const DataTable& package) : package_(package) {}
 
-  /// Enters a row of the table; returns the row that has the identifier already, if any, and enters nothing
-  /// then.
+  /// Enters a row of the table; returns the row that has the
+  /// identifier already, if any, and enters nothing then.
   std::optional<std::size_t> Add(const Text& identifier, std::size_t row);
   /// Enters an element that was just created; returns its row number.
   std::size_t AddCreated(const Text& identifier, std::int32_t element_id);

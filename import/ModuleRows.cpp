@@ -38,8 +38,8 @@ ModuleRows::ModuleRows(const DataTable& module) {
   CutCircles(parent_of);
 }
 
-// Walks up from every row until a row that is known to lead to the top; a walk that meets itself has found a
-// circle.
+// Walks up from every row until a row that is known to lead
+// to the top; a walk that meets itself has found a circle.
 void ModuleRows::CutCircles(const std::vector<std::size_t>& parent_of) {
   std::vector<Walk> state(rows_.size(), Walk::kUnseen);
   std::vector<std::size_t> path;

@@ -58,8 +58,8 @@ void Synchronisation::ThrowDoubled(const Text& identifier, std::size_t row, std:
                                        repository_.ElementByID(id).Name(), ToText(id)}));
 }
 
-// The package query does not say where an element lies; the same query over the trash package alone does, for
-// all.
+// The package query does not say where an element lies; the
+// same query over the trash package alone does, for all.
 std::unordered_set<std::int32_t> Synchronisation::ElementsInTrash() const {
   std::unordered_set<std::int32_t> ids;
   const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {ToText(trash_.PackageID())});
@@ -93,8 +93,8 @@ void Synchronisation::ProcessTrash() {
   Archive(archive);
 }
 
-// The children stay in the package when their parent leaves it; the hierarchy phase gives them their new
-// parent.
+// The children stay in the package when their parent leaves
+// it; the hierarchy phase gives them their new parent.
 void Synchronisation::DetachChildren(std::int32_t element_id) {
   const Text sql = FormatText(LoadSql(sql_text::kChildren), {ToText(element_id)});
   const QueryAnswer answer(repository_, sql, {u"Object_ID"});
@@ -148,8 +148,8 @@ void Synchronisation::CreateElement(const ModuleRow& object) {
     writer_.Write(element, row, c, ModuleValue(object, c));
 }
 
-// The element is made under a name that the host takes; a name that it refuses is then the failure of the
-// field.
+// The element is made under a name that the host takes; a
+// name that it refuses is then the failure of the field.
 Text Synchronisation::NewElementName(const ModuleRow& object) const {
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
     const ImportColumn& target = orim_doc_.Column(c);

@@ -49,8 +49,8 @@ void frmImport::Form_CloseBox() {
   if (cmdClose.Enabled()) Close();
 }
 
-// The window is painted before DOORS is contacted: the work starts with the first tick, and there is no
-// second.
+// The window is painted before DOORS is contacted: the
+// work starts with the first tick, and there is no second.
 void frmImport::Timer1_Tick() {
   Timer1.SetEnabled(false);
   try {
@@ -155,8 +155,8 @@ void frmImport::OfferExclusion(const std::vector<Text>& failed_fields) {
   options_->Save();
 }
 
-// A field failed under the name that it has in the host; what is excluded is the attribute that was to fill
-// it.
+// A field failed under the name that it has in the host;
+// what is excluded is the attribute that was to fill it.
 void frmImport::ExcludeField(const Text& field) {
   const auto fills_field = [&field](const MappingRule& rule) {
     return rule.Target == target::kTaggedValue ? rule.Attribute == field : rule.Target == field;

@@ -12,8 +12,8 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// A folder that is there for one tour, and the current one meanwhile, so that the commands read as one would
-/// type them.
+/// A folder that is there for one tour, and the current one
+/// meanwhile, so that the commands read as one would type them.
 class TourFolder {
  public:
   TourFolder() : before_(std::filesystem::current_path()) {

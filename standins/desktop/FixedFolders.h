@@ -1,5 +1,5 @@
-// Folders below one folder of the caller's choice: a test's own, or the data folder of a command-line
-// program.
+// Folders below one folder of the caller's choice: a test's
+// own, or the data folder of a command-line program.
 #pragma once
 
 #include "platform/Files.h"

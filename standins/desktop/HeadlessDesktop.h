@@ -55,8 +55,8 @@ class HeadlessDesktop : public Desktop {
   const std::vector<Text>& Commands() const { return commands_; }
 
  protected:
-  /// Plays the user of a form that has just opened; returns when the form is closed. Returning earlier closes
-  /// it.
+  /// Plays the user of a form that has just opened; returns
+  /// when the form is closed. Returning earlier closes it.
   virtual void Use(Form& form) = 0;
   virtual Answer AnswerTo(const Message& message) = 0;
   virtual std::optional<Text> TextFor(const Text& title, const Text& prompt) = 0;

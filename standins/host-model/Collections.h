@@ -18,8 +18,8 @@ class PackageCollection : public HostCollection<PackageCollection> {
   void Delete(std::int32_t id);
 };
 
-/// The elements that lie in the package itself; the elements of child packages are reached through those
-/// packages.
+/// The elements that lie in the package itself; the elements
+/// of child packages are reached through those packages.
 class ElementCollection : public HostCollection<ElementCollection> {
  public:
   static constexpr const char16_t* kClassName = u"Elements";

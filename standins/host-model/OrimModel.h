@@ -1,5 +1,5 @@
-// A stand-in Orim Studio with one model open: the host as its add-ins see it, on a machine where it cannot be
-// installed.
+// A stand-in Orim Studio with one model open: the host as its
+// add-ins see it, on a machine where it cannot be installed.
 #pragma once
 
 #include <filesystem>
@@ -37,8 +37,8 @@ class OrimModel {
   std::int32_t AddPackage(std::int32_t parent_id, TextView name);
   /// In the order of their making.
   std::vector<PackageInfo> Packages() const;
-  /// The package with that path or, where no path fits, the only one with that name; refused when there is
-  /// none.
+  /// The package with that path or, where no path fits, the
+  /// only one with that name; refused when there is none.
   PackageInfo FindPackage(TextView path_or_name) const;
   std::vector<TreeItem> Tree(std::int32_t package_id) const;
 

@@ -92,8 +92,8 @@ bool IsDigit(char16_t c) {
   return c >= u'0' && c <= u'9';
 }
 
-/// Reads the document in one pass. Groups are kept on a stack of its own, so that no depth of them is too
-/// much.
+/// Reads the document in one pass. Groups are kept on a
+/// stack of its own, so that no depth of them is too much.
 class RtfReader {
  public:
   explicit RtfReader(TextView rtf) : rtf_(rtf) {}

@@ -19,9 +19,9 @@ struct TaggedValueRow {
 
 std::optional<TaggedValueRow> FindTaggedValue(Database& model, std::int32_t id);
 
-/// Adds a row with Id 0 and gives it its id, or rewrites the row with that id. Throws AutomationError for a
-/// value that is too long, for an element that is missing or locked, and for a row that was deleted
-/// meanwhile.
+/// Adds a row with Id 0 and gives it its id, or rewrites the row with that
+/// id. Throws AutomationError for a value that is too long, for an element
+/// that is missing or locked, and for a row that was deleted meanwhile.
 void SaveTaggedValue(Database& model, TaggedValueRow& row);
 
 /// Throws AutomationError as SaveTaggedValue does.

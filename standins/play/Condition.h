@@ -20,8 +20,8 @@ Condition ConditionIn(const Statement& statement, std::size_t first);
 /// Nothing when the condition is met, else what is the case: "is disabled".
 std::optional<Text> Unmet(const Condition& condition, const ControlState& state);
 
-/// True when `seen` is the expected text or begins as one that ends in "..." does; kinds of line ends make no
-/// difference.
+/// True when `seen` is the expected text or begins as one that
+/// ends in "..." does; kinds of line ends make no difference.
 bool Matches(TextView seen, TextView expected);
 
 }  // namespace kestrune::play

@@ -9,8 +9,8 @@
 
 namespace kestrune::standins {
 
-/// Commands marked DuringDialogs go to the colleagues alone and may run on any thread; all others run on the
-/// session's thread.
+/// Commands marked DuringDialogs go to the colleagues alone and
+/// may run on any thread; all others run on the session's thread.
 class Stage {
  public:
   /// `desktop` shows what the add-in raises, in a box of the host's own; files are named from `folder`; `out`

@@ -1,5 +1,5 @@
-// An import into a linked package with a record of rules, from a DOORS that answers the export script without
-// running it.
+// An import into a linked package with a record of rules, from
+// a DOORS that answers the export script without running it.
 #pragma once
 
 #include "common/Utilities.h"
@@ -73,8 +73,8 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
     expected_.emplace_back(std::move(body), answer);
   }
 
-  /// The element tree as text: a line each, two blanks per level, "[identifier] name", child packages by
-  /// name.
+  /// The element tree as text: a line each, two blanks per
+  /// level, "[identifier] name", child packages by name.
   std::string Tree() const {
     std::string text;
     for (const auto& item : model.Tree(package_id)) {

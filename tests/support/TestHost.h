@@ -1,5 +1,5 @@
-// A host with one model, in memory: a package "Requirements" that is selected, and what a test wants to know
-// of it.
+// A host with one model, in memory: a package "Requirements"
+// that is selected, and what a test wants to know of it.
 #pragma once
 
 #include "orim/Repository.h"

@@ -1,5 +1,5 @@
-// The platform that a test runs on: a desktop with a scripted user, folders of its own, objects as the test
-// makes them.
+// The platform that a test runs on: a desktop with a scripted
+// user, folders of its own, objects as the test makes them.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -10,8 +10,8 @@ namespace kestrune::testing {
 
 class Attendant : public standins::HeadlessDesktop {
  public:
-  /// Forms of this class are used by `use` from now on, which must close them. A form that has no user fails
-  /// the test.
+  /// Forms of this class are used by `use` from now on, which
+  /// must close them. A form that has no user fails the test.
   template <typename FormClass>
   void UseForm(std::function<void(FormClass&)> use) {
     users_.insert(users_.begin(), [use = std::move(use)](Form& form) {

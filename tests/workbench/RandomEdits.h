@@ -20,8 +20,8 @@ class RandomEdits {
     };
   }
 
-  /// Less than `limit`, which is at least 1. The same on every platform, which the library's distributions
-  /// are not.
+  /// Less than `limit`, which is at least 1. The same on every
+  /// platform, which the library's distributions are not.
   int Roll(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
 
   void EditOnce() {
