@@ -5,11 +5,10 @@
 
 namespace kestrune::standins {
 
-/// The notes text of an RTF document: paragraphs and lines end in CR LF; bold, italic and underlined text
-/// stands in <b>, <i> and <u>, none of which crosses a line end; the characters & < > of the text itself
-/// become &amp; &lt; &gt;. Lists are the plain text that the RTF carries for them. Fonts, colours, pictures
-/// and all other destinations are left out. Text by code page is read as Windows-1252. What is malformed is
-/// read as far as it goes; nothing is refused.
+/// The notes text of an RTF document: paragraphs and lines end in CR LF; bold, italic and underlined text stands in
+/// <b>, <i> and <u>, none of which crosses a line end; the characters & < > of the text itself become &amp; &lt; &gt;.
+/// Bytes of the code page are Windows-1252's, from A0 on. Throws AutomationError for a control word or symbol that it
+/// does not know: fonts, colours, lists, tables, pictures and their like are not simulated.
 Text NotesFromRtf(TextView rtf);
 
 }  // namespace kestrune::standins

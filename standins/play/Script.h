@@ -1,35 +1,13 @@
 // A session of a user, written down: one statement a line, to be carried out in that order. Who reads a
 // script does not know how its statements are carried out.
 //
-//   # what follows is not read
 //   connect                              a command: starts something at the host
-//   form frmConnect                      the next dialog that opens is this one; the lines below are done in
-//     select lstModules "/Demo/Reqs"     it until it closes, those after that in the dialog behind it
+//   form frmConnect                      the next dialog that opens is this one; the lines below are done in it
+//     select lstModules "/Demo/Reqs"     until it closes, those after that in the dialog behind it
 //     press cmdOK
 //   answer OK "Done."                    the next message box
 //
-// A line is a verb with names (bare words: controls, forms, states) and texts ("..." with \" \\ \n \t; \n is
-// a line break). Indentation means nothing. The statements that the user of a dialog has are these:
-//
-//   form NAME                            press NAME
-//   select NAME TEXT+                    a line of a list or of an opened box; one or more rows of a table,
-//   doubleclick NAME TEXT                by their first column
-//   type NAME TEXT                       drop NAME             opens a box's list
-//   menu NAME NAME                       the pop-up menu that is open, and its item
-//   close                                the close box
-//   answer Yes|No|OK TEXT                input TEXT            input cancel
-//   clipboard TEXT                       puts it there, as another program would
-//   wait                                 until the timers have ticked once
-//   wait until closed                    wait until CONDITION
-//   expect CONDITION
-//
-//   CONDITION: NAME enabled|disabled|visible|hidden
-//              NAME TEXT                 its caption, or what it holds; NAME may be caption, clipboard
-//              NAME selected TEXT*       all that is selected
-//              NAME lines TEXT*          all lines; of a table, the first column
-//              NAME row TEXT+            one of its rows, cell by cell
-//
-// A text that is expected and ends in ... is the beginning of what must come.
+// docs/play.md has every statement.
 #pragma once
 
 #include <stdexcept>
