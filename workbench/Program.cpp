@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "common/Resources.h"
+#include "platform/Files.h"
 #include "workbench/Commands.h"
 #include "workbench/Demo.h"
 
@@ -32,6 +33,13 @@ class CommandLine {
     std::reverse(args.begin(), args.end());
     app_.parse(args);
     if (app_.get_subcommands().empty()) throw CommandError(u"A command is needed; --help lists them.");
+  }
+  /// For whoever started the program and cannot wait for its end.
+  void ReportEnd(std::string_view what_went_wrong) const {
+    if (report_.empty()) return;
+    const Text unfinished = FromUtf8(report_ + ".new");
+    WriteFile(unfinished, what_went_wrong);
+    std::filesystem::rename(ToPath(unfinished), report_);
   }
   int Report(const CLI::ParseError& failure) {
     return app_.exit(failure, terminal_.out, terminal_.err) ? kFailed : 0;
@@ -76,6 +84,9 @@ class CommandLine {
                 [this] { LoadIntoDoors(settings_, file_, folder_, terminal_); });
     load->add_option("FILE", file_, "A .reqif or .reqifz file")->required();
     load->add_option("--at", folder_, "Where to, such as /Project/Folder");
+    load->add_option(
+        "--report", report_,
+        "A file for what went wrong, empty if nothing did; it appears when the command has ended");
     CLI::App* modules =
         Command(doors, "modules", "List the formal modules", [this] { ListModules(settings_, terminal_); });
     CLI::App* views = Command(doors, "views", "List the views of a module",
@@ -139,7 +150,7 @@ class CommandLine {
   const Terminal& terminal_;
   CLI::App app_{"Runs Kestrune Link between a stand-in of the host and one of DOORS", "kestrune-workbench"};
   Settings settings_{.data = DefaultDataFolder()};
-  std::string file_, folder_, module_, parameter_, view_, template_, element_;
+  std::string file_, folder_, report_, module_, parameter_, view_, template_, element_;
   bool print_ = false;
 };
 
@@ -149,11 +160,13 @@ int RunWorkbench(const std::vector<std::string>& args, const Terminal& terminal)
   CommandLine command_line(terminal);
   try {
     command_line.Run(args);
+    command_line.ReportEnd("");
     return 0;
   } catch (const CLI::ParseError& failure) {
     return command_line.Report(failure);
   } catch (const std::exception& failure) {
     terminal.err << failure.what() << '\n';
+    command_line.ReportEnd(failure.what());
     return kFailed;
   }
 }

@@ -15,10 +15,6 @@ namespace {
 
 constexpr DWORD kPatienceMs = 60000;
 constexpr DWORD kPauseMs = 20;
-// Its first argument names the file for what the others, a command, print; "done" beside it then has the
-// status.
-constexpr const char16_t* kScript = u"\"$@\" >\"$0\" 2>&1; echo $? >\"$0.new\"; mv \"$0.new\" \"$0.done\"";
-
 Text UnixPath(const Text& path) {
   using Converter = char*(CDECL*)(const wchar_t*);
   const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
@@ -44,16 +40,13 @@ void AwaitFile(const Text& path) {
 }  // namespace
 
 void LoadBelowWine(const Text& workbench, const Text& file, const Text& folder, const Text& database) {
-  const Text output = Win32Folders().Temp() + u"kestrune-load-" + kestrune::ToText(GetCurrentProcessId());
-  const Text done = output + u".done";
-  StartProgram({u"/bin/sh", u"-c", kScript, UnixPath(output), UnixPath(workbench), u"doors", u"load",
-                UnixPath(file), u"--doors", UnixPath(database), u"--at", folder});
-  AwaitFile(done);
-  const bool is_loaded = Trim(FromUtf8(ReadFile(done))) == u"0";
-  const Text said(Trim(FromUtf8(ReadFile(output))));
-  RemoveFile(done);
-  RemoveFile(output);
-  if (!is_loaded) throw CommandError(said);
+  const Text report = Win32Folders().Temp() + u"kestrune-load-" + kestrune::ToText(GetCurrentProcessId());
+  StartProgram({UnixPath(workbench), u"doors", u"load", UnixPath(file), u"--doors", UnixPath(database),
+                u"--at", folder, u"--report", UnixPath(report)});
+  AwaitFile(report);
+  const Text failure(Trim(FromUtf8(ReadFile(report))));
+  RemoveFile(report);
+  if (!failure.empty()) throw CommandError(failure);
 }
 
 }  // namespace kestrune::standins
