@@ -1,6 +1,7 @@
 #include "addin/LocateInDoors.h"
 
-#include "common/Utilities.h"
+#include "common/LinkFile.h"
+#include "common/Resources.h"
 #include "options/Options.h"
 #include "orim/ElementFields.h"
 

@@ -2,6 +2,7 @@
 
 #include "addin/LocateInDoors.h"
 #include "addin/frmAbout.h"
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "documents/OutputTab.h"
 #include "doors/frmConnect.h"
@@ -97,7 +98,7 @@ void OrimDoors::Transfer(const orim::Repository& repository, std::int32_t direct
 
 void OrimDoors::EditOptions(const orim::Repository& repository) {
   const orim::Package package = repository.SelectedPackage();
-  if (!package || !Options(doors_).EnsureOK(repository, package, u"")) return;
+  if (!package || !Options(doors_).EnsureOK(package, u"", OptionsDialog(doors_))) return;
   if (frmOptions(doors_).ShowOptions(repository, repository.SelectedPackage()) == frmOptions::kSaveAndImport)
     Transfer(repository, frmImport::kImport);
 }

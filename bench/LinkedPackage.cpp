@@ -3,7 +3,8 @@
 #include "bench/BareXml.h"
 #include "bench/GeneratedModule.h"
 #include "bench/TimedObject.h"
-#include "common/Utilities.h"
+#include "common/LinkFile.h"
+#include "common/Resources.h"
 #include "import/AddImportFields.h"
 #include "import/frmImport.h"
 

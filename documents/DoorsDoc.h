@@ -17,7 +17,7 @@ namespace kestrune {
 class DoorsDoc {
  public:
   /// The number of the error for an export that cannot be read.
-  static constexpr std::uint32_t kBadExport = error::kBase + 1001;
+  static constexpr std::uint32_t kBadExport = error::kBadExport;
 
   /// Requests the value of the column's attribute, followed by the separator and the extra attribute's value
   /// where that has one.

@@ -31,7 +31,7 @@ void SetPlace(const MappingRule& rule, ImportColumn& column) {
     return;
   }
   if (!orim::FindElementField(rule.Target))
-    throw AutomationError(error::kBase + 1, u"OrimDoc.Load", u"Unknown field: " + rule.Target);
+    throw AutomationError(error::kUnknownField, u"OrimDoc.Load", u"Unknown field: " + rule.Target);
   column.Name = rule.Target;
 }
 

@@ -75,7 +75,7 @@ Text OrimDoc::ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) 
   const auto found = identifier_by_id_.find(parent);
   if (found == identifier_by_id_.end()) {
     throw AutomationError(
-        error::kBase + 1, u"OrimDoc.Load",
+        error::kForeignParent, u"OrimDoc.Load",
         FormatResText(text::kForeignParent, {table_.At(row, column::kKey).ToText(), ToText(parent)}));
   }
   return found->second;

@@ -20,7 +20,8 @@ class OrimDoc {
 
   void AddField(ImportColumn column) { columns_.push_back(std::move(column)); }
 
-  /// Throws AutomationError 0x80040001 when an element lies below one that was not imported from DOORS.
+  /// Throws AutomationError error::kForeignParent when an element lies below one that was not imported from
+  /// DOORS.
   void Load();
 
   const DataTable& GetData() const { return table_; }

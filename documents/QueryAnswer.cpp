@@ -17,7 +17,7 @@ QueryAnswer::QueryAnswer(const orim::Repository& repository, const Text& sql,
     : column_count_(columns.size()) {
   const Text xml = repository.Query(sql);
   if (!xml.empty() && !document_.LoadText(xml)) {
-    throw AutomationError(error::kBase + 2, u"QueryAnswer",
+    throw AutomationError(error::kUnreadableAnswer, u"QueryAnswer",
                           FormatResText(text::kAnswerUnreadable, {document_.ParseError().Reason}));
   }
   for (std::size_t i = 0; i < columns.size(); ++i) {

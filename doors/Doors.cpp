@@ -5,6 +5,12 @@
 
 namespace kestrune {
 
+namespace {
+
+constexpr TextView kErrorPrefix = u"Error: ";
+
+}  // namespace
+
 bool Doors::EnsureDoors() {
   frmConnectProgress form(platform_);
   DoorsApp = form.GetDoors();
@@ -25,15 +31,24 @@ Text JoinFields(const std::vector<Text>& fields) {
   Text joined;
   for (const Text& field : fields) {
     if (field.find(u'~') != Text::npos)
-      throw AutomationError(error::kBase + 2, u"Doors", FormatResText(text::kFieldSeparatorInside, {field}));
+      throw AutomationError(error::kFieldSeparatorInside, u"Doors",
+                            FormatResText(text::kFieldSeparatorInside, {field}));
     joined += field + u"~";
   }
   joined.pop_back();
   return joined;
 }
 
-bool IsScriptError(TextView answer) {
-  return answer.substr(0, 7) == u"Error: ";
+Text ExportParameters(const Text& module_path, ExportScope scope, const Text& view) {
+  std::vector<Text> fields = {module_path, scope == ExportScope::kAttributes ? u"1" : u"0", view};
+  // Without a view there is one field more; the script takes both forms.
+  if (view.empty()) fields.emplace_back();
+  return JoinFields(fields);
+}
+
+std::optional<Text> ScriptError(TextView answer) {
+  if (!answer.starts_with(kErrorPrefix)) return std::nullopt;
+  return Text(answer.substr(kErrorPrefix.size()));
 }
 
 void ShowFailure(Desktop& desktop, const AutomationError& failure) {

@@ -1,6 +1,8 @@
 // The one connection to DOORS that the process holds, and how a script is run over it.
 #pragma once
 
+#include <optional>
+
 #include "platform/Platform.h"
 
 namespace kestrune {
@@ -31,8 +33,12 @@ class Doors {
 /// holds one.
 Text JoinFields(const std::vector<Text>& fields);
 
-/// True when a script's answer is one of its own error messages.
-bool IsScriptError(TextView answer);
+/// The parameters of the export script. An empty view means the whole module.
+enum class ExportScope { kObjects, kAttributes };
+Text ExportParameters(const Text& module_path, ExportScope scope, const Text& view = {});
+
+/// What a script's answer says went wrong; nothing for an answer that is no error.
+std::optional<Text> ScriptError(TextView answer);
 
 /// Tells the user of a failure; a lost connection to DOORS has a text of its own.
 void ShowFailure(Desktop& desktop, const AutomationError& failure);

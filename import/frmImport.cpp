@@ -3,21 +3,21 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "import/AddImportFields.h"
+#include "options/frmOptions.h"
 #include "platform/Files.h"
 
 namespace kestrune {
 
 namespace {
 
-constexpr std::uint32_t kRefusedByDoors = error::kBase + 2;
 constexpr int kBadExportHelp = 6740;
-constexpr TextView kViewErrorPrefix = u"Error: View '";
-constexpr std::size_t kErrorPrefixLength = 7;  // of "Error: "
+constexpr TextView kViewErrorPrefix = u"View '";
 
 [[noreturn]] void ThrowRefused(Text description) {
-  throw AutomationError(kRefusedByDoors, u"frmImport", std::move(description));
+  throw AutomationError(error::kRefusedByDoors, u"frmImport", std::move(description));
 }
 
 }  // namespace
@@ -81,12 +81,11 @@ void frmImport::RunTransfer() {
 }
 
 bool frmImport::LoadOptions(const orim::Package& package, const Text& module_path) {
-  if (!Options(doors_).EnsureOK(repository_, package, module_path)) return false;
   options_ = std::make_unique<Options>(doors_);
-  if (!options_->Load(package)) return false;
+  if (!options_->EnsureOK(package, module_path, OptionsDialog(doors_))) return false;
   // Without a rule that cannot be read, the import would miss its values and the record the rule.
   if (!options_->Complaints.empty())
-    throw AutomationError(error::kTypeMismatch, u"Options.Load", options_->Complaints);
+    throw AutomationError(error::kUnreadableRecord, u"Options.Load", options_->Complaints);
   doors_doc_ = std::make_unique<DoorsDoc>();
   orim_doc_ = std::make_unique<OrimDoc>(repository_, package);
   AddImportFields(*options_, *orim_doc_, *doors_doc_);
@@ -95,10 +94,7 @@ bool frmImport::LoadOptions(const orim::Package& package, const Text& module_pat
 
 void frmImport::ExportModule(const Text& module_path) {
   Progress(LoadResText(text::kCheckingModule));
-  const Text& view = options_->RestrictToView;
-  // Without a view there is one field more; the script takes both forms.
-  const Text parameters = JoinFields(view.empty() ? std::vector<Text>{module_path, u"0", u"", u""}
-                                                  : std::vector{module_path, Text(u"0"), view});
+  const Text parameters = ExportParameters(module_path, ExportScope::kObjects, options_->RestrictToView);
   const WindowHandle foreground = desktop_.Foreground();
   const Text answer = doors_.RunScript(dxl_script::kExportModule, parameters);
   // A module that is displayed for its view brings DOORS to the front.
@@ -109,10 +105,11 @@ void frmImport::ExportModule(const Text& module_path) {
 
 void frmImport::RequireFile(const Text& answer) const {
   if (answer.empty()) ThrowRefused(LoadResText(text::kInvalidResponse));
-  if (!IsScriptError(answer)) return;
-  Text description = answer.substr(kErrorPrefixLength);
-  if (answer.starts_with(kViewErrorPrefix)) description += u"\r\n\r\n" + LoadResText(text::kViewAdvice);
-  ThrowRefused(std::move(description));
+  auto description = ScriptError(answer);
+  if (!description) return;
+  if (description->starts_with(kViewErrorPrefix))
+    *description += u"\r\n\r\n" + LoadResText(text::kViewAdvice);
+  ThrowRefused(std::move(*description));
 }
 
 void frmImport::LoadDocuments() {

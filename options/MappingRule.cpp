@@ -10,7 +10,8 @@ namespace {
 constexpr TextView kArrow = u" -->";
 
 [[noreturn]] void ThrowMalformed(TextView line) {
-  throw AutomationError(error::kBase, u"MappingRule", FormatResText(text::kMalformedRule, {Text(line)}));
+  throw AutomationError(error::kMalformedRule, u"MappingRule",
+                        FormatResText(text::kMalformedRule, {Text(line)}));
 }
 
 /// Reads the text before the arrow into the rule; false when it is malformed.

@@ -41,7 +41,7 @@ inline constexpr std::array<TextView, 4> kFixedRules = {
     u"Object Parent --> (Calculated) Parent", u"Field Position --> (Calculated) Position"};
 
 /// Reads a rule; nothing for a blank line. Text without " -->" is a bare attribute name, taken untrimmed.
-/// Throws AutomationError error::kBase, whose description names the line, when there is no attribute before
+/// Throws AutomationError error::kMalformedRule, whose description names the line, when there is no attribute before
 /// the arrow or when a "[" does not open "[separator, blank, attribute]".
 std::optional<MappingRule> ParseRule(TextView line);
 

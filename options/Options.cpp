@@ -1,140 +1,95 @@
 #include "options/Options.h"
 
-#include <algorithm>
-#include <unordered_set>
-
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
-#include "orim/ElementFields.h"
+#include "options/OptionsRecord.h"
 
 namespace kestrune {
 
 namespace {
 
-bool Names(const MappingRule& rule, TextView name) {
-  return !name.empty() && (rule.Attribute == name || rule.CombinedAttribute == name);
-}
-
-/// The attributes of a rule, each as a rule of its own without a target.
-void AppendUnmapped(const MappingRule& rule, std::vector<MappingRule>& rules) {
-  rules.push_back({.Attribute = rule.Attribute});
-  if (!rule.CombinedAttribute.empty()) rules.push_back({.Attribute = rule.CombinedAttribute});
+/// The text of the package's record; nothing where it has none.
+std::optional<Text> RecordOf(const orim::Package& package) {
+  const auto record = package.Element().TaggedValues().Find(Text(kRecordName));
+  if (!record) return std::nullopt;
+  return record.Notes();
 }
 
 }  // namespace
 
-void Options::ResetRules() {
-  Rules.assign(1, {});
-  for (const TextView fixed : kFixedRules) Rules.push_back(*ParseRule(fixed));
+void Options::LoadDefault(const orim::Package& package) {
+  Package = package;
+  stored_.reset();
+  ResetToDefaults();
 }
 
-std::span<const MappingRule> Options::UserRules() const {
-  return std::span(Rules).subspan(std::min(kFirstUserSlot, Rules.size()));
-}
-
-void Options::AddRules(std::vector<MappingRule> rules) {
-  std::move(rules.begin(), rules.end(), std::back_inserter(Rules));
-  // From the last to the first, a rule stays when none added after it claims one of its attributes.
-  std::unordered_set<Text> claimed;
-  std::vector<MappingRule> kept;
-  while (Rules.size() > kFirstUserSlot) {
-    MappingRule rule = std::move(Rules.back());
-    Rules.pop_back();
-    const bool is_outdated = claimed.contains(rule.Attribute) ||
-                             (!rule.CombinedAttribute.empty() && claimed.contains(rule.CombinedAttribute));
-    claimed.insert({rule.Attribute, rule.CombinedAttribute});
-    if (!is_outdated) kept.push_back(std::move(rule));
+bool Options::Load(const orim::Package& package) {
+  Package = package;
+  stored_ = RecordOf(package);
+  if (!stored_) return false;
+  if (IsValidRecord(*stored_)) {
+    ResetRules();
+  } else {
+    ShowMessage(doors_.platform().desktop, LoadResText(text::kInvalidRecord), Icon::kExclamation);
+    ResetToDefaults();
   }
-  std::move(kept.rbegin(), kept.rend(), std::back_inserter(Rules));
+  Take(*stored_);
+  return true;
 }
 
-void Options::AddMapping(TextView mapping) {
-  if (auto rule = ParseRule(mapping)) AddRules({std::move(*rule)});
-}
-
-void Options::Sort() {
-  if (UserRules().empty()) return;
-  std::stable_sort(Rules.begin() + kFirstUserSlot, Rules.end(),
-                   [](const MappingRule& a, const MappingRule& b) { return a.Attribute < b.Attribute; });
-}
-
-void Options::UnmapIndex(std::size_t index) {
-  std::vector<MappingRule> unmapped;
-  AppendUnmapped(Rules.at(index), unmapped);
-  AddRules(std::move(unmapped));
+void Options::Take(const Text& record_text) {
+  OptionsRecord record = ReadRecord(record_text);
+  Complaints = std::move(record.Complaints);
+  RestrictToView = std::move(record.RestrictToView);
+  AddRules(std::move(record.Rules));
   Sort();
 }
 
-void Options::RemoveAt(std::size_t index) {
-  Rules.erase(Rules.begin() + static_cast<std::ptrdiff_t>(index));
-}
-
-void Options::RemoveAttribute(TextView name) {
-  const std::size_t slot = FindAttribute(name);
-  if (slot == 0) return;
-  UnmapIndex(slot);
-  RemoveAt(FindAttribute(name));
-}
-
-std::size_t Options::FindAttribute(TextView name) const {
-  for (std::size_t slot = kFirstUserSlot; slot < Rules.size(); ++slot)
-    if (Names(Rules[slot], name)) return slot;
-  return 0;
-}
-
-MappingRule Options::GetRule(TextView name) const {
-  const std::size_t slot = FindAttribute(name);
-  if (slot == 0) throw AutomationError(error::kBase, u"Options.GetRule", u"Can't find attribute");
-  return Rules[slot];
-}
-
-std::vector<Text> Options::GetUnusedDOORSAttributes() const {
-  std::vector<Text> unused;
-  for (const MappingRule& rule : UserRules())
-    if (rule.Target.empty()) unused.push_back(rule.Attribute);
-  return unused;
-}
-
-std::vector<Text> Options::GetUnusedOrimFields() const {
-  std::vector<Text> fields;
-  for (const orim::ElementField& field : orim::kElementFields) fields.emplace_back(field.Name);
-  for (const MappingRule& rule : UserRules()) {
-    const Text used = AsciiLower(rule.Target);
-    std::erase_if(fields, [&used](const Text& field) { return AsciiLower(field) == used; });
+bool Options::EnsureOK(const orim::Package& package, Text module_path, const Dialog& dialog) {
+  const Platform& platform = doors_.platform();
+  Package = package;
+  stored_ = RecordOf(package);
+  if (!stored_ || !IsValidRecord(*stored_)) {
+    if (stored_) ShowMessage(platform.desktop, LoadResText(text::kInvalidRecord), Icon::kExclamation);
+    if (module_path.empty()) module_path = GetLinkModulePath(platform, package.PackageGuid());
+    if (module_path.empty()) {
+      ShowMessage(platform.desktop, LoadResText(text::kModulePathNotSet), Icon::kStop);
+      return false;
+    }
+    if (!RefreshDoorsAttributes(module_path, true)) return false;
+    Save();
+    if (!dialog(*this)) return false;
   }
-  return fields;
+  ResetRules();
+  Take(*stored_);
+  return true;
 }
 
-void Options::FillListBox(ListView& lv) const {
-  std::vector<std::vector<Text>> rows;
-  for (const MappingRule& rule : UserRules()) rows.push_back({DisplayText(rule), rule.Target});
-  const bool has_rows = !rows.empty();
-  lv.SetRows(std::move(rows));
-  if (has_rows) lv.SelectRow(0);
+void Options::Save() {
+  Sort();
+  Text record = WriteRecord(RestrictToView, UserRules());
+  if (stored_ == record) return;
+  const auto tagged_values = Package.Element().TaggedValues();
+  auto tagged_value = tagged_values.Find(Text(kRecordName));
+  if (!tagged_value) tagged_value = tagged_values.AddNew(Text(kRecordName), Text(orim::kMemoValue));
+  tagged_value.SetNotes(record);
+  tagged_value.Save();
+  tagged_values.Refresh();
+  stored_ = std::move(record);
 }
 
-Text Options::GetTemplate() const {
-  Text text = LoadResText(text::kTemplateHeader).append(kCrLf);
-  for (const MappingRule& rule : UserRules())
-    if (!rule.Target.empty()) text.append(RuleText(rule)).append(kCrLf);
-  return text;
+void Options::Clear(const orim::Package& pkg) {
+  const auto tagged_values = pkg.Element().TaggedValues();
+  for (std::int32_t index = 0; index < tagged_values.Count(); ++index) {
+    if (tagged_values.GetAt(index).Name() != kRecordName) continue;
+    tagged_values.DeleteAt(index, true);
+    return tagged_values.Refresh();
+  }
 }
 
 void Options::SetTemplate(TextView new_template) {
-  const std::vector<Text> lines = Split(new_template, kCrLf);
-  if (lines.front() != LoadResText(text::kTemplateHeader)) {
-    return ShowMessage(doors_.platform().desktop, LoadResText(text::kNoTemplate), Icon::kExclamation);
-  }
-  std::vector<MappingRule> rules;
-  for (const MappingRule& rule : UserRules())
-    if (!rule.Target.empty()) AppendUnmapped(rule, rules);
-  for (std::size_t line = 1; line < lines.size(); ++line)
-    if (auto rule = ParseRule(lines[line])) rules.push_back(std::move(*rule));
-  AddRules(std::move(rules));
-  Sort();
-}
-
-Text Options::DefaultTemplate() {
-  return LoadResText(text::kTemplateHeader).append(kCrLf).append(LoadResText(text::kDefaultRules));
+  if (ApplyTemplate(new_template)) return;
+  ShowMessage(doors_.platform().desktop, LoadResText(text::kNoTemplate), Icon::kExclamation);
 }
 
 }  // namespace kestrune

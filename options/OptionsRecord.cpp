@@ -20,8 +20,8 @@ void ReadRuleLine(TextView line, OptionsRecord& record) {
 }
 
 bool HasOwnLine(const MappingRule& rule) {
-  const Text text = RuleText(rule);
-  return ReadsBack(rule) && !text.starts_with(kViewKey) && !text.starts_with(kOldLayoutKey);
+  const Text line = RuleText(rule);
+  return ReadsBack(rule) && !line.starts_with(kViewKey) && !line.starts_with(kOldLayoutKey);
 }
 
 bool IsRestriction(const Text& view) {
@@ -30,31 +30,31 @@ bool IsRestriction(const Text& view) {
 
 }  // namespace
 
-bool IsValidRecord(TextView text) {
-  return Split(text, kCrLf).size() > kFirstLine &&
-         text.find(Text(kCrLf).append(kOldLayoutKey)) == TextView::npos;
+bool IsValidRecord(TextView record) {
+  return Split(record, kCrLf).size() > kFirstLine &&
+         record.find(Text(kCrLf).append(kOldLayoutKey)) == TextView::npos;
 }
 
-OptionsRecord ReadRecord(TextView text) {
-  OptionsRecord record;
-  const std::vector<Text> lines = Split(text, kCrLf);
-  if (lines.size() <= kFirstLine) return record;
+OptionsRecord ReadRecord(TextView record) {
+  OptionsRecord read;
+  const std::vector<Text> lines = Split(record, kCrLf);
+  if (lines.size() <= kFirstLine) return read;
   std::size_t line = kFirstLine;
   if (lines[line].starts_with(kViewKey)) {
-    record.RestrictToView = lines[line].substr(kViewKey.size());
+    read.RestrictToView = lines[line].substr(kViewKey.size());
     line += 2;
   }
-  for (; line < lines.size() && !Trim(lines[line]).empty(); ++line) ReadRuleLine(Trim(lines[line]), record);
-  return record;
+  for (; line < lines.size() && !Trim(lines[line]).empty(); ++line) ReadRuleLine(Trim(lines[line]), read);
+  return read;
 }
 
 Text WriteRecord(const Text& restrict_to_view, std::span<const MappingRule> rules) {
-  Text text = LoadResText(text::kRecordHelp).append(kCrLf).append(kCrLf);
+  Text record = LoadResText(text::kRecordHelp).append(kCrLf).append(kCrLf);
   if (IsRestriction(restrict_to_view))
-    text.append(kViewKey).append(restrict_to_view).append(kCrLf).append(kCrLf);
+    record.append(kViewKey).append(restrict_to_view).append(kCrLf).append(kCrLf);
   for (const MappingRule& rule : rules)
-    if (HasOwnLine(rule)) text.append(RuleText(rule)).append(kCrLf);
-  return text;
+    if (HasOwnLine(rule)) record.append(RuleText(rule)).append(kCrLf);
+  return record;
 }
 
 }  // namespace kestrune

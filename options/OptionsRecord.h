@@ -1,5 +1,5 @@
-// The text form in which a package keeps its options: the memo text of the tagged value "DoorsConnection" of
-// its element.
+// The text form in which a package keeps its options: the memo text of the tagged value "DoorsConnection" of its
+// element.
 //
 //   The following attributes are copied ...          lines 0 and 1: help for whoever opens the memo
 //   It is possible edit the following text ...
@@ -26,10 +26,10 @@ struct OptionsRecord {
 
 /// False for a text of fewer than four lines and for one in the older layout, which had a line
 /// "OrimNameAttr=".
-bool IsValidRecord(TextView text);
+bool IsValidRecord(TextView record);
 
 /// What can be read of a text, valid or not.
-OptionsRecord ReadRecord(TextView text);
+OptionsRecord ReadRecord(TextView record);
 
 /// The record's text. The standard view is no restriction. A rule that would not be read back as itself, or
 /// whose line would be taken for another part of the record, is left out, so that it can spoil neither the

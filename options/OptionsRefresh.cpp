@@ -1,7 +1,5 @@
 // How Options learns the attributes of the module.
 
-#include <unordered_set>
-
 #include "common/Utilities.h"
 #include "options/Options.h"
 #include "platform/Files.h"
@@ -37,21 +35,7 @@ bool Options::RefreshDoorsAttributesFromXML(const XmlDocument& d, bool reload_de
   const XmlNode attribute_list = d.SelectSingleNode(u"DoorsModule/Attributes");
   if (!attribute_list) return false;
   if (reload_defaults) LoadDefault(Package);
-  const std::vector<Text> names = NamesIn(attribute_list);
-  const std::unordered_set<Text> in_module(names.begin(), names.end());
-  std::unordered_set<Text> known;
-  std::vector<MappingRule> kept;
-  for (MappingRule rule : UserRules()) {
-    if (!in_module.contains(rule.Attribute)) rule = {.Attribute = rule.CombinedAttribute};
-    if (!in_module.contains(rule.Attribute)) continue;
-    known.insert({rule.Attribute, rule.CombinedAttribute});
-    kept.push_back(std::move(rule));
-  }
-  for (const Text& name : names)
-    if (known.insert(name).second) kept.push_back({.Attribute = name});
-  Rules.resize(std::min(kFirstUserSlot, Rules.size()));
-  std::move(kept.begin(), kept.end(), std::back_inserter(Rules));
-  Sort();
+  TakeAttributes(NamesIn(attribute_list));
   return true;
 }
 
@@ -61,7 +45,8 @@ bool Options::RefreshDoorsAttributes(const Text& module_path, bool reload_defaul
     ShowMessage(doors_.platform().desktop, std::move(why), Icon::kStop);
     return false;
   };
-  const Text answer = doors_.RunScript(dxl_script::kExportModule, JoinFields({module_path, u"1", u"", u""}));
+  const Text answer =
+      doors_.RunScript(dxl_script::kExportModule, ExportParameters(module_path, ExportScope::kAttributes));
   if (AsciiUpper(answer.substr(0, 5)) == u"ERROR") return fail(answer);
   if (answer.empty()) return fail(LoadResText(text::kInvalidResponse));
   XmlDocument d;

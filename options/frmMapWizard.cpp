@@ -14,9 +14,10 @@ frmMapWizard::frmMapWizard(Desktop& desktop) : desktop_(desktop) {
   cmdHelp.Click = [this] { desktop_.SendHelpKey(*this); };
 }
 
-Text frmMapWizard::DoWizard(const Options& options, std::size_t selected_doors_attribute, bool combine) {
-  options_ = &options;
-  attribute_ = options.GetAttributeName(selected_doors_attribute);
+Text frmMapWizard::DoWizard(const LinkSettings& settings, std::size_t selected_doors_attribute,
+                            bool combine) {
+  settings_ = &settings;
+  attribute_ = settings.GetAttributeName(selected_doors_attribute);
   combine_ = combine;
   HelpContextID = combine ? 6140 : 6040;
   desktop_.ShowModal(*this);
@@ -58,7 +59,7 @@ void frmMapWizard::ShowPage(int page) {
 void frmMapWizard::ShowSecondAttributes() {
   lblPrompt.SetCaption(FormatResText(text::kWizardExtraPrompt, {attribute_}));
   if (!lstExtra.Items().empty()) return;
-  for (const Text& unused : options_->GetUnusedDOORSAttributes())
+  for (const Text& unused : settings_->GetUnusedDOORSAttributes())
     if (unused != attribute_) lstExtra.AddItem(unused);
   lstExtra.SetListIndex(0);
 }
@@ -73,7 +74,7 @@ void frmMapWizard::ShowTargets() {
     lblPrompt.SetCaption(FormatResText(text::kWizardTargetPrompt, {attribute_}));
     lstTarget.AddItem(Text(target::kTaggedValue));
   }
-  for (const Text& field : options_->GetUnusedOrimFields()) lstTarget.AddItem(field);
+  for (const Text& field : settings_->GetUnusedOrimFields()) lstTarget.AddItem(field);
   lstTarget.SetListIndex(0);
 }
 

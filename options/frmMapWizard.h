@@ -2,7 +2,8 @@
 // with, the separator between the two, and the target. It makes a rule text and changes nothing itself.
 #pragma once
 
-#include "options/Options.h"
+#include "options/LinkSettings.h"
+#include "platform/Desktop.h"
 
 namespace kestrune {
 
@@ -13,7 +14,7 @@ class frmMapWizard : public Form {
   TextView ClassName() const override { return u"frmMapWizard"; }
 
   /// The rule text for the attribute in that slot, or "" when the user cancels.
-  Text DoWizard(const Options& options, std::size_t selected_doors_attribute, bool combine);
+  Text DoWizard(const LinkSettings& settings, std::size_t selected_doors_attribute, bool combine);
 
   Label lblPrompt{this, u"lblPrompt"};
   ListBox lstExtra{this, u"lstExtra"};
@@ -38,7 +39,7 @@ class frmMapWizard : public Form {
   void cmdCancel_Click();
 
   Desktop& desktop_;
-  const Options* options_ = nullptr;
+  const LinkSettings* settings_ = nullptr;
   Text attribute_;
   bool combine_ = false;
   int page_ = kTarget;

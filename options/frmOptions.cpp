@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "options/frmMapWizard.h"
 #include "platform/Files.h"
@@ -24,12 +25,17 @@ class WaitCursor {
 /// Throws when a rule that maps the attribute would be read as one of other attributes.
 void RequireMappable(const Text& attribute) {
   if (ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)})) return;
-  throw AutomationError(error::kBase, u"frmOptions", FormatResText(text::kUnmappable, {attribute}));
+  throw AutomationError(error::kUnmappableAttribute, u"frmOptions",
+                        FormatResText(text::kUnmappable, {attribute}));
 }
 
 }  // namespace
 
-frmOptions::frmOptions(Doors& doors) : doors_(doors), options_(doors) {
+Options::Dialog OptionsDialog(Doors& doors) {
+  return [&doors](Options& options) { return frmOptions(doors).Edit(options) != frmOptions::kCancelled; };
+}
+
+frmOptions::frmOptions(Doors& doors) : doors_(doors) {
   cmbViews.DropDown = Guarded([this] { cmbViews_DropDown(); });
   lvMappings.SelectionChange = [this] { UpdateButtons(); };
   lvMappings.DblClick = [this] {
@@ -40,9 +46,9 @@ frmOptions::frmOptions(Doors& doors) : doors_(doors), options_(doors) {
   cmdRemove.Click = [this] { cmdRemove_Click(); };
   cmdMappings.Click = [this] { mnuMappings.PopUp(cmdMappings); };
   mnuMappingsCopy.Click =
-      Guarded([this] { doors_.platform().desktop.SetClipboardText(options_.GetTemplate()); });
+      Guarded([this] { doors_.platform().desktop.SetClipboardText(options_->GetTemplate()); });
   mnuMappingsPaste.Click = Guarded([this] { ApplyTemplate(doors_.platform().desktop.ClipboardText()); });
-  mnuMappingsDefault.Click = [this] { ApplyTemplate(Options::DefaultTemplate()); };
+  mnuMappingsDefault.Click = [this] { ApplyTemplate(LinkSettings::DefaultTemplate()); };
   cmdReloadAttribs.Click = Guarded([this] { cmdReloadAttribs_Click(); });
   cmdSaveAndImport.Click = [this] { Accept(kSaveAndImport); };
   cmdOK.Click = [this] { Accept(kAccepted); };
@@ -62,12 +68,17 @@ Event frmOptions::Guarded(Event handler) {
 
 frmOptions::CloseCode frmOptions::ShowOptions(const orim::Repository&,
                                               const orim::Package& selected_package) {
-  package_ = selected_package;
-  if (!options_.Load(package_)) options_.LoadDefault(package_);
+  Options options(doors_);
+  if (!options.Load(selected_package)) options.LoadDefault(selected_package);
+  return Edit(options);
+}
+
+frmOptions::CloseCode frmOptions::Edit(Options& options) {
+  options_ = &options;
   Desktop& desktop = doors_.platform().desktop;
-  if (!options_.Complaints.empty()) ShowMessage(desktop, options_.Complaints, Icon::kExclamation);
+  if (!options.Complaints.empty()) ShowMessage(desktop, options.Complaints, Icon::kExclamation);
   desktop.ShowModal(*this);
-  if (close_code_ != kCancelled) options_.Save();
+  if (close_code_ != kCancelled) options.Save();
   return close_code_;
 }
 
@@ -75,11 +86,11 @@ void frmOptions::Form_Load() {
   SetCaptions();
   HelpContextID = 3400;
   ApplyStandardFont(*this);
-  is_locked_ = package_.Element().Locked();
-  const Text name = package_.Name();
+  is_locked_ = options_->Package.Element().Locked();
+  const Text name = options_->Package.Name();
   lblPackageName.SetCaption(is_locked_ ? name + u" " + LoadResText(text::kLocked) : name);
   const Text view =
-      options_.RestrictToView.empty() ? LoadResText(text::kStandardView) : options_.RestrictToView;
+      options_->RestrictToView.empty() ? LoadResText(text::kStandardView) : options_->RestrictToView;
   cmbViews.SetItems({view});
   cmbViews.SetValue(view);
   lblModulePath.SetCaption(ModulePathText());
@@ -115,16 +126,16 @@ void frmOptions::SetCaptions() {
 
 Text frmOptions::ModulePathText() const {
   const Platform& platform = doors_.platform();
-  const Text guid = package_.PackageGuid();
+  const Text guid = options_->Package.PackageGuid();
   if (!IsFile(GetLinkFilePath(platform, guid))) return LoadResText(text::kNoConnection);
   const Text path = GetLinkModulePath(platform, guid);
   return path.empty() ? LoadResText(text::kModulePathNotSet) : path;
 }
 
 void frmOptions::Refill(const Text& attribute) {
-  options_.FillListBox(lvMappings);
-  if (const std::size_t slot = options_.FindAttribute(attribute))
-    lvMappings.SelectRow(slot - Options::kFirstUserSlot);
+  options_->FillListBox(lvMappings);
+  if (const std::size_t slot = options_->FindAttribute(attribute))
+    lvMappings.SelectRow(slot - LinkSettings::kFirstUserSlot);
   UpdateButtons();
 }
 
@@ -132,32 +143,30 @@ void frmOptions::UpdateButtons() {
   for (Button* button : {&cmdOK, &cmdMappings, &cmdSaveAndImport, &cmdReloadAttribs})
     button->SetEnabled(!is_locked_);
   const auto slots = SelectedSlots();
-  const auto is_mapped = [this](std::size_t slot) { return !options_.GetOrimTarget(slot).empty(); };
+  const auto is_mapped = [this](std::size_t slot) { return !options_->GetOrimTarget(slot).empty(); };
   const bool may_change = !is_locked_ && !slots.empty();
   const bool all_mapped = std::all_of(slots.begin(), slots.end(), is_mapped);
   const bool all_unmapped = std::none_of(slots.begin(), slots.end(), is_mapped);
   cmdMap.SetEnabled(may_change && all_unmapped);
-  cmdCombine.SetEnabled(may_change && all_unmapped && options_.GetUnusedDOORSAttributes().size() >= 2);
+  cmdCombine.SetEnabled(may_change && all_unmapped && options_->GetUnusedDOORSAttributes().size() >= 2);
   cmdRemove.SetEnabled(may_change && all_mapped);
 }
 
 std::vector<std::size_t> frmOptions::SelectedSlots() const {
   std::vector<std::size_t> slots = lvMappings.SelectedRows();
-  for (std::size_t& slot : slots) slot += Options::kFirstUserSlot;
+  for (std::size_t& slot : slots) slot += LinkSettings::kFirstUserSlot;
   return slots;
 }
 
 Text frmOptions::SelectedAttribute() const {
   const auto slots = SelectedSlots();
-  return slots.empty() ? Text() : options_.GetAttributeName(slots.front());
+  return slots.empty() ? Text() : options_->GetAttributeName(slots.front());
 }
 
 void frmOptions::cmbViews_DropDown() {
   if (!doors_.EnsureDoors()) return;
   const Text answer = doors_.RunScript(dxl_script::kListViews, lblModulePath.Caption());
-  if (IsScriptError(answer)) {
-    return ShowMessage(doors_.platform().desktop, answer, Icon::kExclamation);
-  }
+  if (ScriptError(answer)) return ShowMessage(doors_.platform().desktop, answer, Icon::kExclamation);
   const Text standard_view = LoadResText(text::kStandardView);
   std::vector<Text> views = {standard_view};
   for (const Text& line : Split(answer, u"\n")) {
@@ -169,38 +178,38 @@ void frmOptions::cmbViews_DropDown() {
 
 void frmOptions::Configure(bool combine) {
   const auto slots = SelectedSlots();
-  const Text attribute = options_.GetAttributeName(slots.front());
+  const Text attribute = options_->GetAttributeName(slots.front());
   RequireMappable(attribute);
-  const Text result = frmMapWizard(doors_.platform().desktop).DoWizard(options_, slots.front(), combine);
+  const Text result = frmMapWizard(doors_.platform().desktop).DoWizard(*options_, slots.front(), combine);
   if (result.empty()) return;
-  for (const Text& line : Split(result, kCrLf)) options_.AddMapping(line);
-  options_.Sort();
+  for (const Text& line : Split(result, kCrLf)) options_->AddMapping(line);
+  options_->Sort();
   Refill(attribute);
 }
 
 void frmOptions::cmdRemove_Click() {
   std::vector<Text> attributes;
-  for (const std::size_t slot : SelectedSlots()) attributes.push_back(options_.GetAttributeName(slot));
-  for (const Text& attribute : attributes) options_.UnmapIndex(options_.FindAttribute(attribute));
+  for (const std::size_t slot : SelectedSlots()) attributes.push_back(options_->GetAttributeName(slot));
+  for (const Text& attribute : attributes) options_->UnmapIndex(options_->FindAttribute(attribute));
   Refill(attributes.front());
   lvMappings.SetFocus();
 }
 
 void frmOptions::ApplyTemplate(TextView new_template) {
   const Text attribute = SelectedAttribute();
-  options_.SetTemplate(new_template);
+  options_->SetTemplate(new_template);
   Refill(attribute);
 }
 
 void frmOptions::cmdReloadAttribs_Click() {
   const WaitCursor wait(doors_.platform().desktop);
   const Text attribute = SelectedAttribute();
-  const Text module_path = GetLinkModulePath(doors_.platform(), package_.PackageGuid());
-  if (options_.RefreshDoorsAttributes(module_path)) Refill(attribute);
+  const Text module_path = GetLinkModulePath(doors_.platform(), options_->Package.PackageGuid());
+  if (options_->RefreshDoorsAttributes(module_path)) Refill(attribute);
 }
 
 void frmOptions::Accept(CloseCode code) {
-  options_.RestrictToView = Trim(cmbViews.Value());
+  options_->RestrictToView = Trim(cmbViews.Value());
   CloseWith(code);
 }
 

@@ -17,6 +17,8 @@ class frmOptions : public Form {
   /// Shows the options of the package and saves them unless the user cancels; returns how the dialog was
   /// closed.
   CloseCode ShowOptions(const orim::Repository& repository, const orim::Package& selected_package);
+  /// The same for options that are loaded. After Cancel they hold what the user did, and are not saved.
+  CloseCode Edit(Options& options);
 
   Label lblPackage{this, u"lblPackage"};
   Label lblPackageName{this, u"lblPackageName"};
@@ -64,10 +66,12 @@ class frmOptions : public Form {
   Text SelectedAttribute() const;
 
   Doors& doors_;
-  orim::Package package_;
-  Options options_;
+  Options* options_ = nullptr;
   bool is_locked_ = false;
   CloseCode close_code_ = kCancelled;
 };
+
+/// The dialog in the form in which Options takes it.
+Options::Dialog OptionsDialog(Doors& doors);
 
 }  // namespace kestrune

@@ -25,7 +25,6 @@ struct AutomationError : std::runtime_error {
 
 /// The numbers of the failures that this code raises or tells apart.
 namespace error {
-inline constexpr std::uint32_t kBase = 0x80040000;
 inline constexpr std::uint32_t kNotConnected = 0x80010108;  // the object has disconnected from its clients
 inline constexpr std::uint32_t kCallFailed = 0x800706BE;    // the remote procedure call failed
 inline constexpr std::uint32_t kServerUnavailable = 0x800706BA;  // the other process is gone
@@ -35,6 +34,19 @@ inline constexpr std::uint32_t kWrongArgumentCount = 0x8002000E;
 inline constexpr std::uint32_t kObjectMissing = 0x800A005B;  // a member of "nothing" was used
 inline constexpr std::uint32_t kNoSuchClass = 0x800401F3;    // no class is registered under that ProgID
 inline constexpr std::uint32_t kFileFailure = 0x800A004B;    // a file could not be read or written
+
+// The add-in's own, each with one meaning, from the base that automation leaves to its users.
+inline constexpr std::uint32_t kBase = 0x80040000;
+inline constexpr std::uint32_t kNoSuchAttribute = kBase;           // no rule names the attribute
+inline constexpr std::uint32_t kUnknownField = kBase + 1;          // a rule's target is no field of the host
+inline constexpr std::uint32_t kRefusedByDoors = kBase + 2;        // a script answered an error, or nothing
+inline constexpr std::uint32_t kFieldSeparatorInside = kBase + 3;  // a script's parameter holds a "~"
+inline constexpr std::uint32_t kUnreadableAnswer = kBase + 4;      // the host's answer to a query
+inline constexpr std::uint32_t kMalformedRule = kBase + 5;        // the line of a mapping rule cannot be read
+inline constexpr std::uint32_t kUnmappableAttribute = kBase + 6;  // its name would not stand in a rule
+inline constexpr std::uint32_t kUnreadableRecord = kBase + 7;     // a record with such lines
+inline constexpr std::uint32_t kForeignParent = kBase + 8;        // an element lies below one not imported
+inline constexpr std::uint32_t kBadExport = kBase + 1001;         // an export file cannot be read
 
 /// True when the failure says that the other side of an automation object is not there any more.
 constexpr bool IsConnectionLost(std::uint32_t number) {

@@ -47,7 +47,7 @@ Object DoorsMachine::Create(TextView prog_id) {
 Text DoorsMachine::RunAddInScript(int id, const Text& parameter) {
   const auto outcome = stand_in_.RunScript(LoadDxl(id), parameter, u"script " + ToText(id));
   if (!outcome.errors.empty()) throw CommandError(dxl::DoorsReport(outcome.errors));
-  if (IsScriptError(outcome.result)) throw CommandError(outcome.result);
+  if (ScriptError(outcome.result)) throw CommandError(outcome.result);
   return outcome.result;
 }
 

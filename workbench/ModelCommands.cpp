@@ -1,7 +1,7 @@
 #include <iostream>
 
 #include "addin/OrimDoors.h"
-#include "common/Utilities.h"
+#include "common/LinkFile.h"
 #include "standins/stage/PrintTree.h"
 #include "workbench/Commands.h"
 

@@ -1,3 +1,4 @@
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "platform/Files.h"
 #include "tests/support/TestPlatform.h"

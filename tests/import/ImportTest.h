@@ -2,7 +2,7 @@
 // a DOORS that answers the export script without running it.
 #pragma once
 
-#include "common/Utilities.h"
+#include "common/LinkFile.h"
 #include "doors/frmConnectProgress.h"
 #include "import/frmImport.h"
 #include "options/frmOptions.h"

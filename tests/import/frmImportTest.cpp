@@ -53,7 +53,7 @@ TEST_F(ImportWindowTest, ARuleThatCannotBeReadEndsTheImportAndStaysInTheRecord) 
   record.SetNotes(damaged);
   record.Save();
   application->Objects = {{{"a1", u"R1"}}};
-  NextMessage(FormatResText(text::kMalformedRule, {u"Mood [x --> Notes"}) + u"\r\n(Error Code: -2147352571)");
+  NextMessage(FormatResText(text::kMalformedRule, {u"Mood [x --> Notes"}) + u"\r\n(Error Code: -2147221497)");
   Import();
   EXPECT_EQ(Tree(), "");
   EXPECT_EQ(record.Notes(), damaged);

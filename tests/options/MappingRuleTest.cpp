@@ -52,7 +52,7 @@ TEST(RuleText, RefusesAMalformedLineByName) {
       ParseRule(line);
       ADD_FAILURE() << "was read: " << ToUtf8(line);
     } catch (const AutomationError& failure) {
-      EXPECT_EQ(failure.Number, error::kBase);
+      EXPECT_EQ(failure.Number, error::kMalformedRule);
       EXPECT_NE(failure.Description.find(line), Text::npos) << ToUtf8(failure.Description);
     }
   }

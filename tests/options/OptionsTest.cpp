@@ -1,141 +1,138 @@
 #include "tests/options/OptionsTest.h"
 
-#include <random>
+#include "options/frmOptions.h"
 
 namespace kestrune::testing {
 namespace {
 
-/// AddMapping one step after the other, as its description has it.
-class StepwiseRules {
- public:
-  void Add(const MappingRule& rule) {
-    Remove(rule.Attribute);
-    Remove(rule.CombinedAttribute);
-    rules.push_back(rule);
-  }
-  std::vector<MappingRule> rules;
-
- private:
-  void Remove(const Text& name) {
-    if (name.empty()) return;
-    std::erase_if(rules, [&](const MappingRule& rule) {
-      return rule.Attribute == name || rule.CombinedAttribute == name;
-    });
-  }
-};
-
-TEST_F(OptionsTest, StartsWithTheUnusedSlotAndLoadsFixedAndDefaultRules) {
+TEST_F(OptionsTest, LoadsWhatWasSavedAndWritesOnlyWhatHasChanged) {
   Options options(doors);
-  EXPECT_EQ(options.Rules, std::vector<MappingRule>(1));
-  options.RestrictToView = u"Mine";
   options.LoadDefault(package);
-  EXPECT_EQ(options.RestrictToView, u"Mine");
-  EXPECT_EQ(options.Rules[0], MappingRule());
-  for (std::size_t slot = 1; slot <= 4; ++slot)
-    EXPECT_EQ(RuleText(options.Rules[slot]), kFixedRules[slot - 1]);
-  EXPECT_EQ(RulesOf(options),
-            Lines({u"Created By --> (Tagged Value)", u"Created On --> (Tagged Value)",
-                   u"Last Modified On --> (Tagged Value)", u"Object Number [: Object Heading] --> Name",
-                   u"Object Text --> Notes"}));
+  options.Rules.resize(Options::kFirstUserSlot);
+  for (const TextView rule : {u"b --> Name", u"A [: C] --> Notes", u"B"}) options.AddMapping(rule);
+  options.RestrictToView = u"My view";
+  options.Save();
+  EXPECT_EQ(model.Find(u"DoorsConnection")->Value, u"<memo>");
+  Options again(doors);
+  ASSERT_TRUE(again.Load(package));
+  EXPECT_EQ(again.RestrictToView, u"My view");
+  EXPECT_EQ(RulesOf(again), Lines({u"A [: C] --> Notes", u"B", u"b --> Name"}));
+  again.Save();
+  EXPECT_EQ(model.Writes, 1);
+  again.RestrictToView = u"Standard view";
+  again.Save();
+  EXPECT_EQ(Stored(), Record({u"A [: C] --> Notes", u"B", u"b --> Name"}));
+  ASSERT_TRUE(options.Load(package));
+  EXPECT_EQ(options.RestrictToView, u"");
 }
 
-TEST_F(OptionsTest, AddMappingAppendsAndTakesTheAttributesFromOtherRules) {
+TEST_F(OptionsTest, AFailingHostLeavesTheRecordAsItWas) {
+  for (const TextView failing : {u"TaggedValues", u"Save", u"Notes"}) {
+    Options options(doors);
+    Load(options, {u"A"});
+    options.AddMapping(u"A --> Name");
+    model.FailingCall = failing;
+    EXPECT_THROW(options.Save(), AutomationError) << ToUtf8(failing);
+    EXPECT_EQ(Stored(), Record({u"A"}));
+    model.FailingCall.clear();
+  }
+}
+
+TEST_F(OptionsTest, InvalidRecordGivesTheDefaultsAndItsOwnRules) {
+  const Text start = u"1\r\n2\r\n\r\nRestrictToView=V\r\n\r\nObject Text --> Alias\r\n";
+  for (const Text& record : {start + u"OrimNameAttr=x\r\nStatus", Text(u"A --> Name\r\nB\r\nC")}) {
+    const bool is_too_short = !record.starts_with(start);
+    model.Tags.clear();
+    Store(record);
+    desktop.OnMessage([](const Message& message) {
+      EXPECT_EQ(message.Body, LoadResText(text::kInvalidRecord));
+      EXPECT_EQ(message.Title, u"Kestrune Link");
+      EXPECT_EQ(message.Icon, Icon::kExclamation);
+      return Answer::kOk;
+    });
+    Options options(doors);
+    EXPECT_TRUE(options.Load(package));
+    EXPECT_EQ(options.RestrictToView, is_too_short ? u"" : u"V");
+    EXPECT_EQ(RuleText(options.GetRule(u"Object Text")),
+              is_too_short ? u"Object Text --> Notes" : u"Object Text --> Alias");
+    EXPECT_EQ(RuleText(options.GetRule(u"Object Heading")), u"Object Number [: Object Heading] --> Name");
+    EXPECT_EQ(options.FindAttribute(u"Status") == 0, is_too_short);
+    EXPECT_EQ(options.FindAttribute(u"A"), 0u);
+  }
+}
+
+TEST_F(OptionsTest, MalformedLineIsNamedAndCostsNoOtherRule) {
+  Store(Record({u"A --> Name", u"B [C] --> Notes", u"D [:E] --> Alias", u"F"}));
+  Options options(doors);
+  EXPECT_TRUE(options.Load(package));
+  EXPECT_EQ(RulesOf(options), Lines({u"A --> Name", u"F"}));
+  const Lines complaints = Split(options.Complaints, kCrLf);
+  ASSERT_EQ(complaints.size(), 2u);
+  EXPECT_NE(complaints[0].find(u"B [C] --> Notes"), Text::npos);
+  EXPECT_NE(complaints[1].find(u"D [:E] --> Alias"), Text::npos);
+  desktop.OnMessage(options.Complaints);
+  desktop.OnForm<frmOptions>([](frmOptions& form) { form.CloseByUser(); });
+  frmOptions(doors).ShowOptions(repository, package);
+}
+
+TEST_F(OptionsTest, ClearDeletesTheRecordAndNothingElse) {
+  for (const TextView name : {u"Author", u"DoorsConnection", u"Zone"})
+    model.Tags.push_back(std::make_shared<PackageModel::Tag>(Text(name), u"1", u""));
+  Options options(doors);
+  for (int i = 0; i < 2; ++i) options.Clear(package);
+  EXPECT_EQ(model.Find(u"DoorsConnection"), nullptr);
+  EXPECT_EQ(model.Tags.size(), 2u);
+  EXPECT_EQ(model.Writes, 1);
+}
+
+TEST_F(OptionsTest, AnImportLooksAtTheRecordOnce) {
+  Store(Record({u"A --> Name"}));
+  Options options(doors);
+  EXPECT_TRUE(options.EnsureOK(package, app->Module, OptionsDialog(doors)));
+  EXPECT_EQ(RulesOf(options), Lines({u"A --> Name"}));
+  options.Save();
+  EXPECT_EQ(model.Looks, 1);
+}
+
+TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
   struct {
-    Lines before;
-    TextView mapping;
-    Lines after;
+    Text record, module_path;
+    Button frmOptions::*close;
+    bool ok;
   } const cases[] = {
-      {{u"A", u"B"}, u"A --> Name", {u"B", u"A --> Name"}},
-      {{u"A [: B] --> Name", u"C"}, u"B --> Name", {u"C", u"B --> Name"}},
-      {{u"A --> Name", u"B"}, u"C [: A] --> Notes", {u"B", u"C [: A] --> Notes"}},
-      {{u"A --> Name", u"B [: C] --> Notes"}, u"A [: C] --> Alias", {u"A [: C] --> Alias"}},
-      {{u"a", u"A"}, u"A --> Name", {u"a", u"A --> Name"}},
-      {{u"A"}, u"  ", {u"A"}},
-      {{u"Object Level"}, u"Object Level --> Name", {u"Object Level --> Name"}},
+      {u"", u"", &frmOptions::cmdOK, true},
+      {u"", u"/Demo/Requirements", &frmOptions::cmdSaveAndImport, true},
+      {u"too short", u"", &frmOptions::cmdCancel, false},
   };
+  app->Attributes = {u"Object Text", u"Status"};
   for (const auto& each : cases) {
-    Options options(doors);
-    Load(options, each.before);
-    options.AddMapping(each.mapping);
-    EXPECT_EQ(RulesOf(options), each.after) << ToUtf8(each.mapping);
-    EXPECT_EQ(RuleText(options.Rules[2]), kFixedRules[1]);
-  }
-}
-
-TEST_F(OptionsTest, AddsManyRulesAsIfEachWereAddedAlone) {
-  std::mt19937 dice(3);
-  const auto name = [&dice] { return Text(1, static_cast<char16_t>(u'A' + dice() % 6)); };
-  for (int run = 0; run < 300; ++run) {
-    Options options(doors);
-    options.LoadDefault(package);
-    options.SetTemplate(LoadResText(text::kTemplateHeader));
-    StepwiseRules expected;
-    for (const Text& line : RulesOf(options)) expected.Add(*ParseRule(line));
-    Text text = LoadResText(text::kTemplateHeader);
-    for (std::size_t i = dice() % 12; i > 0; --i) {
-      const MappingRule rule = {name(), dice() % 2 ? name() : u"", u"", dice() % 2 ? u"Name" : u""};
-      text.append(kCrLf).append(RuleText(rule));
-      expected.Add(rule);
+    model.Tags.clear();
+    if (!each.record.empty()) {
+      Store(each.record);
+      desktop.OnMessage(LoadResText(text::kInvalidRecord));
     }
-    options.SetTemplate(text);
-    std::stable_sort(expected.rules.begin(), expected.rules.end(),
-                     [](const auto& a, const auto& b) { return a.Attribute < b.Attribute; });
-    ASSERT_EQ(std::vector<MappingRule>(options.Rules.begin() + 5, options.Rules.end()), expected.rules)
-        << ToUtf8(text);
-  }
-}
-
-TEST_F(OptionsTest, FindsRulesByEitherAttributeButNeverTheFixedOnes) {
-  Options options(doors);
-  Load(options, {u"A [: B] --> Name", u"C"});
-  for (const TextView name : {u"A", u"B"}) EXPECT_EQ(options.FindAttribute(name), 5u);
-  EXPECT_EQ(RuleText(options.GetRule(u"B")), u"A [: B] --> Name");
-  for (const TextView missing : {u"c", u"", u"Object Level"}) EXPECT_EQ(options.FindAttribute(missing), 0u);
-  EXPECT_THROW(options.GetRule(u"Object Level"), AutomationError);
-}
-
-TEST_F(OptionsTest, ForgettingAnAttributeLeavesItsPartner) {
-  struct {
-    TextView name;
-    Lines after;
-  } const cases[] = {{u"A", {u"B", u"C --> Notes"}},
-                     {u"B", {u"A", u"C --> Notes"}},
-                     {u"C", {u"A [: B] --> Name"}},
-                     {u"X", {u"A [: B] --> Name", u"C --> Notes"}},
-                     {u"", {u"A [: B] --> Name", u"C --> Notes"}}};
-  for (const auto& each : cases) {
+    desktop.OnForm<frmOptions>([&](frmOptions& form) { (form.*each.close).Press(); });
     Options options(doors);
-    Load(options, {u"A [: B] --> Name", u"C --> Notes"});
-    options.RemoveAttribute(each.name);
-    EXPECT_EQ(RulesOf(options), each.after) << ToUtf8(each.name);
+    EXPECT_EQ(options.EnsureOK(package, each.module_path, OptionsDialog(doors)), each.ok);
+    EXPECT_EQ(RulesOf(options), Lines({u"Object Text --> Notes", u"Status"}));
+    EXPECT_EQ(options.RestrictToView, u"") << "the standard view is none";
+    EXPECT_EQ(app->Parameters.back(), u"/Demo/Requirements~1~~");
+    EXPECT_EQ(Stored(), Record({u"Object Text --> Notes", u"Status"}));
   }
 }
 
-TEST_F(OptionsTest, OffersWhatIsStillFree) {
-  Options options(doors);
-  Load(options, {u"A --> name", u"B --> (Tagged Value)", u"C", u"D --> Notes", u"E [: F] -->",
-                 u"G --> No such field", u"c"});
-  EXPECT_EQ(options.GetUnusedDOORSAttributes(), Lines({u"C", u"E", u"c"}));
-  EXPECT_EQ(options.GetUnusedOrimFields(), Lines({u"Alias", u"Status", u"Difficulty", u"Priority", u"Author",
-                                                  u"KeyWords", u"Phase", u"Version"}));
-}
-
-TEST_F(OptionsTest, TemplateCarriesTheMappedRulesToAnotherPackage) {
-  Options from(doors), to(doors);
-  Load(from, {u"A [: B] --> Name", u"C", u"D --> (Tagged Value)"});
-  EXPECT_EQ(from.GetTemplate(),
-            u"Orim Studio Mapping Template\r\nA [: B] --> Name\r\nD --> (Tagged Value)\r\n");
-  Load(to, {u"A", u"B --> Notes", u"C [: E] --> Name"});
-  to.SetTemplate(from.GetTemplate());
-  const Lines rules = {u"A [: B] --> Name", u"C", u"D --> (Tagged Value)", u"E"};
-  EXPECT_EQ(RulesOf(to), rules);
-  for (const TextView none : {u"", u"A --> Notes", u"orim studio mapping template\r\nA --> Notes"}) {
-    desktop.OnMessage(LoadResText(text::kNoTemplate));
-    to.SetTemplate(none);
-  }
-  EXPECT_THROW(to.SetTemplate(u"Orim Studio Mapping Template\r\nB --> Notes\r\nC [:D] --> Name"),
-               AutomationError);
-  EXPECT_EQ(RulesOf(to), rules) << "what is no template changes nothing";
+TEST_F(OptionsTest, EnsureOkNeedsAModulePathAndAWorkingDoors) {
+  app->AnswerInstead = u"Error: Module '/Demo/Requirements' not found.";
+  desktop.OnMessage(*app->AnswerInstead);
+  EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
+  model.Guid = u"{not linked}";
+  desktop.OnMessage([](const Message& message) {
+    EXPECT_EQ(message.Body, LoadResText(text::kModulePathNotSet));
+    EXPECT_EQ(message.Icon, Icon::kStop);
+    return Answer::kOk;
+  });
+  EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
+  EXPECT_TRUE(model.Tags.empty());
 }
 
 }  // namespace

@@ -2,15 +2,15 @@
 // to look.
 #pragma once
 
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "options/Options.h"
+#include "tests/options/Rules.h"
 #include "tests/options/SimulatedPackage.h"
 #include "tests/support/SimulatedDoors.h"
 #include "tests/support/TestPlatform.h"
 
 namespace kestrune::testing {
-
-using Lines = std::vector<Text>;
 
 inline Text Joined(const Lines& lines) {
   Text text;
@@ -37,13 +37,6 @@ class OptionsTest : public ::testing::Test, public TestPlatform {
   Text Stored() {
     const auto* tag = model.Find(u"DoorsConnection");
     return tag ? tag->Notes : u"no record";
-  }
-  /// The rules from slot 5 on, as texts.
-  static Lines RulesOf(const Options& options) {
-    Lines lines;
-    for (std::size_t slot = Options::kFirstUserSlot; slot < options.Rules.size(); ++slot)
-      lines.push_back(RuleText(options.Rules[slot]));
-    return lines;
   }
   void Load(Options& options, const Lines& rules) {
     model.Tags.clear();

@@ -22,6 +22,7 @@ struct PackageModel {
   std::vector<std::shared_ptr<Tag>> Tags;
   int Writes = 0;    // saves and deletions
   Text FailingCall;  // the member whose use fails
+  int Looks = 0;     // at the tagged values
 
   Tag* Find(TextView name) {
     for (const auto& tag : Tags)
@@ -37,6 +38,7 @@ class PackageObject : public StandInObject<Self> {
 
  protected:
   void BeforeInvoke(Access, TextView member) override {
+    if (member == u"TaggedValues") ++model_.Looks;
     if (member == model_.FailingCall) throw AutomationError(0x80004005, u"Host", u"The host failed");
   }
   PackageModel& model_;

@@ -1,18 +1,18 @@
 #include "options/frmMapWizard.h"
 #include "orim/ElementFields.h"
-#include "tests/options/OptionsTest.h"
+#include "tests/options/Rules.h"
+#include "tests/support/TestPlatform.h"
 
 namespace kestrune::testing {
 namespace {
 
-class MapWizardTest : public OptionsTest {
+class MapWizardTest : public ::testing::Test, public TestPlatform {
  protected:
   /// What the wizard answers for an attribute when the user does this.
   Text Run(const Lines& rules, TextView attribute, bool combine, std::function<void(frmMapWizard&)> user) {
-    Options options(doors);
-    Load(options, rules);
+    const LinkSettings settings = SettingsOf(rules);
     desktop.OnForm<frmMapWizard>(std::move(user));
-    return frmMapWizard(desktop).DoWizard(options, options.FindAttribute(attribute), combine);
+    return frmMapWizard(desktop).DoWizard(settings, settings.FindAttribute(attribute), combine);
   }
   static Lines Visible(const frmMapWizard& form) {
     Lines names;

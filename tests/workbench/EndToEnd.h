@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "addin/OrimDoors.h"
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "doors/frmConnect.h"
 #include "doors/frmConnectProgress.h"
