@@ -1,5 +1,6 @@
 #include "doors/frmConnect.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/Utilities.h"
@@ -57,19 +58,30 @@ bool frmConnect::IsConnected() {
   return StateOf(FindDoorsWindow(doors_.platform().desktop)) == DoorsState::kReady && doors_.EnsureDoors();
 }
 
+// The selection follows the module, not the place in the list: OK must never link another one.
 void frmConnect::ShowModules(const Text& answer) {
+  const Text selected = lstModules.SelectedText();
   std::size_t count = 0;
   for (const Text& line : Split(answer, u"\n")) {
     const Text module(Trim(line));
     if (module.empty()) continue;
-    if (count == lstModules.Items().size() || lstModules.Items()[count] != module) {
+    if (count == lstModules.Items().size() || lstModules.Items()[count] != module)
       lstModules.SetItem(count, module);
-      if (lstModules.ListIndex() < 0) lstModules.SetListIndex(static_cast<int>(count));
-    }
     ++count;
   }
   lstModules.Truncate(count);
+  if (!has_listed_ && count > 0)
+    lstModules.SetListIndex(0);
+  else if (lstModules.SelectedText() != selected)
+    lstModules.SetListIndex(IndexOf(selected));
+  has_listed_ = has_listed_ || count > 0;
   cmdOK.SetEnabled(lstModules.ListIndex() >= 0);
+}
+
+int frmConnect::IndexOf(const Text& module) const {
+  const auto& modules = lstModules.Items();
+  const auto found = std::find(modules.begin(), modules.end(), module);
+  return found == modules.end() ? -1 : static_cast<int>(found - modules.begin());
 }
 
 void frmConnect::cmdOK_Click() {
@@ -83,8 +95,10 @@ void frmConnect::cmdCancel_Click() {
 }
 
 void frmConnect::cmdManual_Click() {
+  Timer1.SetEnabled(false);  // a refresh would hold up every letter typed
   const auto path = doors_.platform().desktop.AskText(LoadResText(text::kManualConnectionTitle),
                                                       LoadResText(text::kManualConnectionPrompt));
+  Timer1.SetEnabled(true);
   if (!path || path->empty()) return;
   SelectedModule = *path;
   Close();

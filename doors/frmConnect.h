@@ -32,12 +32,14 @@ class frmConnect : public Form {
   void Timer1_Tick();
   bool IsConnected();
   void ShowModules(const Text& answer);
+  int IndexOf(const Text& module) const;  // -1: not in the list
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdManual_Click();
 
   Doors& doors_;
-  bool is_lost_ = false;  // the last refresh failed, which the user was told
+  bool has_listed_ = false;  // a module, ever
+  bool is_lost_ = false;     // the last refresh failed, which the user was told
 };
 
 }  // namespace kestrune

@@ -31,10 +31,15 @@ TEST_F(ConnectTest, ListsModulesAndFollowsTheirChanges) {
     EXPECT_EQ(form.lstModules.ListIndex(), 2) << "an unchanged list keeps the user's selection";
     List(u"/P/A\n/P/C\n");
     EXPECT_EQ(form.lstModules.Items(), (std::vector<Text>{u"/P/A", u"/P/C"}));
-    EXPECT_FALSE(form.cmdOK.Enabled()) << "the selected line is gone";
-    List(u"");
-    EXPECT_FALSE(form.cmdOK.Enabled());
-    List(u"/P/E\n");
+    EXPECT_EQ(form.lstModules.SelectedText(), u"/P/C") << "the selection follows the module";
+    List(u"/P/0\n/P/A\n/P/C\n");
+    EXPECT_EQ(form.lstModules.SelectedText(), u"/P/C");
+    for (const TextView without : {u"/P/0\n/P/A\n/P/D\n", u"", u"/P/0\n/P/C\n"}) {
+      List(Text(without));
+      EXPECT_EQ(form.lstModules.SelectedText(), u"") << "gone is gone: OK must not mean another";
+      EXPECT_FALSE(form.cmdOK.Enabled());
+    }
+    form.lstModules.ClickItem(0);
     EXPECT_TRUE(form.cmdOK.Enabled());
     form.cmdHelp.Press();
     form.cmdCancel.Press();
@@ -66,6 +71,18 @@ TEST_F(ConnectTest, EveryWayToChooseOrNot) {
     });
     EXPECT_EQ(chosen, each.chosen) << &each - cases;
   }
+}
+
+TEST_F(ConnectTest, TheRefreshRestsWhileAPathIsTyped) {
+  Connect([&](frmConnect& form) {
+    desktop.Tick();
+    desktop.OnInput(std::nullopt);  // timers tick meanwhile
+    form.cmdManual.Press();
+    EXPECT_EQ(application->Scripts.size(), 1u);
+    desktop.Tick();
+    EXPECT_EQ(application->Scripts.size(), 2u);
+    form.cmdCancel.Press();
+  });
 }
 
 TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
