@@ -38,7 +38,19 @@ Text GetLinkFilePath(const Platform& platform, TextView package_guid) {
 bool SaveLinkFile(const Platform& platform, TextView package_guid, TextView module_path) {
   XmlDocument document;
   document.AppendRoot(u"DoorsConnection").AppendElement(u"ModelPath").SetContent(module_path);
-  return document.Save(GetLinkFilePath(platform, package_guid));
+  const Text path = GetLinkFilePath(platform, package_guid);
+  if (path.empty()) return false;
+  // Written beside and renamed: what cannot be written whole leaves the earlier file as it was. The name must
+  // not look like a link file's.
+  const Text beside = path.substr(0, path.size() - kLinkFileExtension.size()) + u".new";
+  std::error_code failure;
+  if (document.Save(beside))
+    std::filesystem::rename(ToPath(beside), ToPath(path), failure);
+  else
+    failure = std::make_error_code(std::errc::io_error);
+  std::error_code already_gone;
+  if (failure) std::filesystem::remove(ToPath(beside), already_gone);
+  return !failure;
 }
 
 Text GetLinkModulePath(const Platform& platform, TextView package_guid) {

@@ -18,7 +18,7 @@ Text GetDataFolder(const Platform& platform);
 /// A package is linked exactly while this file exists.
 Text GetLinkFilePath(const Platform& platform, TextView package_guid);
 
-/// Writes the link file, replacing an earlier one; false when it cannot be written.
+/// Writes the link file whole, replacing an earlier one; false, with that one kept, when it cannot be written.
 bool SaveLinkFile(const Platform& platform, TextView package_guid, TextView module_path);
 
 /// The module path of the link file, or "" when there is no such file or no path in it.
