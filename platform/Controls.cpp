@@ -1,6 +1,7 @@
 #include "platform/Controls.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace kestrune {
 
@@ -25,6 +26,7 @@ void TextBox::SetValue(Text value) {
 void TextBox::Type(Text value) {
   RequireReachable();
   SetValue(std::move(value));
+  Raise(Change);
 }
 
 Text ListBox::SelectedText() const {
@@ -117,9 +119,9 @@ void ListView::Mark(const std::vector<std::size_t>& rows) {
   for (const auto row : rows) rows_.at(row).Selected = true;
 }
 
-void ListView::SelectRow(std::size_t row) {
-  Mark({row});
-  visible_row_ = row;
+void ListView::SetSelection(const std::vector<std::size_t>& rows) {
+  Mark(rows);
+  if (!rows.empty()) visible_row_ = rows.front();
   Changed();
 }
 
@@ -130,6 +132,17 @@ void ListView::SelectRows(const std::vector<std::size_t>& rows) {
   Mark(rows);
   Changed();
   Raise(SelectionChange);
+}
+
+void ListView::SelectAll() {
+  std::vector<std::size_t> all(rows_.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  SelectRows(all);
+}
+
+void ListView::PressDelete() {
+  RequireReachable();
+  Raise(Delete);
 }
 
 void ListView::DoubleClickRow(std::size_t row) {

@@ -25,6 +25,7 @@ class Button : public Control {
 class TextBox : public Control {
  public:
   using Control::Control;
+  Event Change;  // by the user
   const Text& Value() const { return value_; }
   void SetValue(Text value);
   /// The user replaces the text.
@@ -97,6 +98,7 @@ class ListView : public Control {
   };
   Event SelectionChange;
   Event DblClick;
+  Event Delete;  // the key
 
   void SetColumns(std::vector<Text> headers);
   const std::vector<Text>& Columns() const { return columns_; }
@@ -104,14 +106,17 @@ class ListView : public Control {
   std::vector<std::size_t> SelectedRows() const;  // ascending
   /// Replaces all rows; none is selected then.
   void SetRows(std::vector<std::vector<Text>> rows);
-  /// Selects exactly this row and scrolls to it; raises no event.
-  void SelectRow(std::size_t row);
+  /// Selects exactly these rows and scrolls to the first of them; raises no event.
+  void SetSelection(const std::vector<std::size_t>& rows);
+  void SelectRow(std::size_t row) { SetSelection({row}); }
   /// The row scrolled to last.
   std::optional<std::size_t> VisibleRow() const { return visible_row_; }
 
-  /// The user selects exactly these rows; double-clicks one.
+  /// The user selects exactly these rows, or all of them; double-clicks one; presses the Delete key.
   void SelectRows(const std::vector<std::size_t>& rows);
+  void SelectAll();
   void DoubleClickRow(std::size_t row);
+  void PressDelete();
 
  private:
   void Mark(const std::vector<std::size_t>& rows);

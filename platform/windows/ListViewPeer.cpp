@@ -26,10 +26,16 @@ void ListViewPeer::OnNotify(const NMHDR& notification) {
     const auto& change = reinterpret_cast<const NMLISTVIEW&>(notification);
     if ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) list_.SelectRows(SelectedByUser());
   }
+  if (notification.code == LVN_KEYDOWN) OnKey(reinterpret_cast<const NMLVKEYDOWN&>(notification).wVKey);
   if (notification.code == NM_DBLCLK) {
     const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(notification);
     if (click.iItem >= 0) list_.DoubleClickRow(static_cast<std::size_t>(click.iItem));
   }
+}
+
+void ListViewPeer::OnKey(WORD key) {
+  if (key == VK_DELETE) list_.PressDelete();
+  if (key == 'A' && GetKeyState(VK_CONTROL) < 0) list_.SelectAll();
 }
 
 std::vector<std::size_t> ListViewPeer::SelectedByUser() const {

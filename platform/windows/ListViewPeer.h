@@ -20,6 +20,7 @@ class ListViewPeer : public ControlPeer {
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
     return SendMessageW(Window(), message, wparam, lparam);
   }
+  void OnKey(WORD key);
   void PushColumns();
   void PushRows();
   void PushCell(std::size_t row, std::size_t column, const Text& text);
