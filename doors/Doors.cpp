@@ -9,6 +9,18 @@ namespace {
 
 constexpr TextView kErrorPrefix = u"Error: ";
 
+/// Shows the wait cursor for as long as it lives.
+class WaitCursor {
+ public:
+  explicit WaitCursor(Desktop& desktop) : desktop_(desktop) { desktop_.SetWaitCursor(true); }
+  ~WaitCursor() { desktop_.SetWaitCursor(false); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  Desktop& desktop_;
+};
+
 }  // namespace
 
 bool Doors::EnsureDoors() {
@@ -25,6 +37,11 @@ Text Doors::RunScript(int id, const Text& parameters) const {
 Text Doors::RunScript(int id) const {
   DoorsApp.Call(u"RunStr", {LoadDxl(id)});
   return DoorsApp.Get(u"Result").ToText();
+}
+
+Text Doors::RunScriptWaiting(int id, const Text& parameters) const {
+  const WaitCursor wait(platform_.desktop);
+  return RunScript(id, parameters);
 }
 
 Text JoinFields(const std::vector<Text>& fields) {

@@ -22,6 +22,8 @@ class Doors {
   /// first; a script that takes none is given none.
   Text RunScript(int id, const Text& parameters) const;
   Text RunScript(int id) const;
+  /// The same, with the wait cursor until DOORS has answered.
+  Text RunScriptWaiting(int id, const Text& parameters) const;
 
   const Platform& platform() const { return platform_; }
 

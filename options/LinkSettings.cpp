@@ -1,6 +1,8 @@
 #include "options/LinkSettings.h"
 
 #include <algorithm>
+#include <optional>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "common/Resources.h"
@@ -19,6 +21,16 @@ bool Names(const MappingRule& rule, TextView name) {
 void AppendUnmapped(const MappingRule& rule, std::vector<MappingRule>& rules) {
   rules.push_back({.Attribute = rule.Attribute});
   if (!rule.CombinedAttribute.empty()) rules.push_back({.Attribute = rule.CombinedAttribute});
+}
+
+/// What becomes of a rule with a target when the module lacks one of its attributes.
+std::optional<Text> LossOf(const MappingRule& rule, const std::unordered_set<Text>& in_module) {
+  if (rule.Target.empty()) return std::nullopt;
+  if (!in_module.contains(rule.Attribute))
+    return FormatResText(text::kLostRule, {rule.Attribute, RuleText(rule)});
+  if (!rule.CombinedAttribute.empty() && !in_module.contains(rule.CombinedAttribute))
+    return FormatResText(text::kLostSecond, {rule.CombinedAttribute, RuleText(rule), rule.Attribute});
+  return std::nullopt;
 }
 
 }  // namespace
@@ -57,11 +69,13 @@ void LinkSettings::AddMapping(TextView mapping) {
   if (auto rule = ParseRule(mapping)) AddRules({std::move(*rule)});
 }
 
-void LinkSettings::TakeAttributes(const std::vector<Text>& names) {
+std::vector<Text> LinkSettings::TakeAttributes(const std::vector<Text>& names) {
   const std::unordered_set<Text> in_module(names.begin(), names.end());
+  std::vector<Text> losses;
   std::unordered_set<Text> known;
   std::vector<MappingRule> kept;
   for (MappingRule rule : UserRules()) {
+    if (auto loss = LossOf(rule, in_module)) losses.push_back(std::move(*loss));
     if (!in_module.contains(rule.Attribute)) rule = {.Attribute = rule.CombinedAttribute};
     if (!in_module.contains(rule.Attribute)) continue;
     known.insert({rule.Attribute, rule.CombinedAttribute});
@@ -72,6 +86,7 @@ void LinkSettings::TakeAttributes(const std::vector<Text>& names) {
   Rules.resize(std::min(kFirstUserSlot, Rules.size()));
   std::move(kept.begin(), kept.end(), std::back_inserter(Rules));
   Sort();
+  return losses;
 }
 
 void LinkSettings::Sort() {
@@ -127,12 +142,27 @@ std::vector<Text> LinkSettings::GetUnusedOrimFields() const {
   return fields;
 }
 
-void LinkSettings::FillListBox(ListView& lv) const {
+std::vector<UnusedRule> LinkSettings::UnusedRules() const {
+  std::vector<UnusedRule> unused;
+  std::unordered_map<Text, std::size_t> slot_by_target;
+  for (std::size_t slot = 1; slot < Rules.size(); ++slot) {
+    const MappingRule& rule = Rules[slot];
+    if (rule.Target.empty() || rule.Target == target::kTaggedValue) continue;
+    const auto [used, is_first] = slot_by_target.emplace(rule.Target, slot);
+    if (is_first) continue;
+    const Text why = FormatResText(text::kUnusedRule, {RuleText(rule), RuleText(Rules[used->second])});
+    unused.push_back({slot, why});
+  }
+  return unused;
+}
+
+void LinkSettings::FillListBox(ListView& lv, std::vector<std::size_t> selected_slots) const {
   std::vector<std::vector<Text>> rows;
   for (const MappingRule& rule : UserRules()) rows.push_back({DisplayText(rule), rule.Target});
-  const bool has_rows = !rows.empty();
+  if (selected_slots.empty() && !rows.empty()) selected_slots = {kFirstUserSlot};
+  for (std::size_t& slot : selected_slots) slot -= kFirstUserSlot;
   lv.SetRows(std::move(rows));
-  if (has_rows) lv.SelectRow(0);
+  lv.SetSelection(selected_slots);
 }
 
 Text LinkSettings::GetTemplate() const {

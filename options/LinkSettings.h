@@ -9,6 +9,12 @@
 
 namespace kestrune {
 
+/// A rule that an import does not use, and a sentence that tells the user why.
+struct UnusedRule {
+  std::size_t Slot;
+  Text Why;
+};
+
 /// Rules are held in slots. Slot 0 is an empty rule that is never used. Slots 1 to 4 are the fixed rules;
 /// they are never stored, listed, sorted or found by name. From slot 5 on stands one rule for each attribute
 /// of the module, mapped or not; no attribute is named by two of them. A new object holds slot 0 only.
@@ -30,8 +36,9 @@ class LinkSettings {
   /// The same for rules, one after the other.
   void AddRules(std::vector<MappingRule> rules);
   /// Brings the rules into line with the module's attributes: adds those that are new, drops the rules whose
-  /// first attribute is not among them, sorts.
-  void TakeAttributes(const std::vector<Text>& names);
+  /// first attribute is not among them, sorts. Returns a sentence for every rule with a target that has lost
+  /// an attribute: one that was dropped, and one that stays without its second.
+  std::vector<Text> TakeAttributes(const std::vector<Text>& names);
   /// Takes the target from a rule and a combined rule apart; sorts.
   void UnmapIndex(std::size_t index);
   void RemoveAt(std::size_t index);
@@ -52,8 +59,11 @@ class LinkSettings {
   std::vector<Text> GetUnusedDOORSAttributes() const;
   /// The host fields that no rule from slot 5 on targets, in the order of orim::kElementFields.
   std::vector<Text> GetUnusedOrimFields() const;
-  /// One row for each rule from slot 5 on: attributes, target. The first row is selected.
-  void FillListBox(ListView& lv) const;
+  /// What an import leaves out: a rule for what a rule in an earlier slot fills already.
+  std::vector<UnusedRule> UnusedRules() const;
+  /// One row for each rule from slot 5 on: attributes, target. The rows of the slots are selected, else the
+  /// first one.
+  void FillListBox(ListView& lv, std::vector<std::size_t> selected_slots = {}) const;
 
   /// All mapped rules as a text for the clipboard: a header line, then a line for each rule.
   Text GetTemplate() const;

@@ -9,22 +9,33 @@ namespace {
 
 constexpr TextView kArrow = u" -->";
 
-[[noreturn]] void ThrowMalformed(TextView line) {
-  throw AutomationError(error::kMalformedRule, u"MappingRule",
-                        FormatResText(text::kMalformedRule, {Text(line)}));
+[[noreturn]] void Refuse(int why, TextView line) {
+  throw AutomationError(error::kMalformedRule, u"MappingRule", FormatResText(why, {Text(line)}));
+}
+
+/// True when the bracket at `open` is closed before any blank: it belongs to a name such as "Mass [kg]".
+bool IsOfAName(TextView attributes, std::size_t open) {
+  const auto close = attributes.find(u']', open);
+  return close != TextView::npos && attributes.find(u' ', open) > close;
 }
 
 /// Reads the text before the arrow into the rule; false when it is malformed.
-bool ReadAttributes(TextView text, MappingRule& rule) {
-  const auto bracket = text.find(u'[');
-  rule.Attribute = Trim(text.substr(0, bracket));
+bool ReadAttributes(TextView attributes, MappingRule& rule) {
+  const auto bracket = attributes.find(u'[');
+  const auto blank = attributes.find(u' ', bracket);
+  const bool is_combined = bracket != TextView::npos && blank != TextView::npos && attributes.back() == u']';
+  rule.Attribute = Trim(is_combined ? attributes.substr(0, bracket) : attributes);
   if (rule.Attribute.empty()) return false;
-  if (bracket == TextView::npos) return true;
-  const auto blank = text.find(u' ', bracket);
-  if (blank == TextView::npos || text.back() != u']') return false;
-  rule.CombinedAttribute = Trim(text.substr(blank, text.size() - 1 - blank));
-  if (!rule.CombinedAttribute.empty()) rule.Separator = text.substr(bracket + 1, blank - bracket - 1);
+  if (!is_combined) return bracket == TextView::npos || IsOfAName(attributes, bracket);
+  rule.CombinedAttribute = Trim(attributes.substr(blank, attributes.size() - 1 - blank));
+  if (!rule.CombinedAttribute.empty()) rule.Separator = attributes.substr(bracket + 1, blank - bracket - 1);
   return true;
+}
+
+/// True for a rule that would put another value into the tagged value by which objects are known again.
+bool OverwritesTheKey(const MappingRule& rule) {
+  return rule.Target == target::kTaggedValue && rule.Attribute == kObjectIdentifier &&
+         !rule.CombinedAttribute.empty();
 }
 
 /// The rule of a line that is not blank; nothing when it is malformed.
@@ -47,7 +58,8 @@ std::optional<MappingRule> ReadRule(TextView line) {
 std::optional<MappingRule> ParseRule(TextView line) {
   if (Trim(line).empty()) return std::nullopt;
   auto rule = ReadRule(line);
-  if (!rule) ThrowMalformed(line);
+  if (!rule) Refuse(text::kMalformedRule, line);
+  if (OverwritesTheKey(*rule)) Refuse(text::kOverwritesTheKey, line);
   return rule;
 }
 
@@ -62,9 +74,10 @@ Text RuleText(const MappingRule& rule) {
 }
 
 bool ReadsBack(const MappingRule& rule) {
-  const Text text = RuleText(rule);
-  const TextView line = Trim(text);
-  return !line.empty() && line.find(kCrLf) == TextView::npos && ReadRule(line) == rule;
+  const Text written = RuleText(rule);
+  const TextView line = Trim(written);
+  return !line.empty() && line.find(kCrLf) == TextView::npos && ReadRule(line) == rule &&
+         !OverwritesTheKey(rule);
 }
 
 }  // namespace kestrune

@@ -41,8 +41,11 @@ inline constexpr std::array<TextView, 4> kFixedRules = {
     u"Object Parent --> (Calculated) Parent", u"Field Position --> (Calculated) Position"};
 
 /// Reads a rule; nothing for a blank line. Text without " -->" is a bare attribute name, taken untrimmed.
-/// Throws AutomationError error::kMalformedRule, whose description names the line, when there is no attribute before
-/// the arrow or when a "[" does not open "[separator, blank, attribute]".
+/// A "[" that is closed before any blank belongs to the attribute's name, as in "Mass [kg] --> Alias".
+///
+/// Throws AutomationError error::kMalformedRule, whose description names the line, when there is no attribute
+/// before the arrow, when a "[" opens neither "[separator, blank, attribute]" nor such a name, and when the
+/// rule would overwrite the key: a combined one of "Object Identifier" into a tagged value.
 std::optional<MappingRule> ParseRule(TextView line);
 
 /// The rule as a line of text.
@@ -52,8 +55,8 @@ Text RuleText(const MappingRule& rule);
 Text DisplayText(const MappingRule& rule);
 
 /// True when the rule's text, as a line among others, reads back as this very rule. It does not when the
-/// attribute's name holds " -->" or a line break or has blanks at its ends; nor when it holds "[" and the
-/// rule has a target.
+/// attribute's name holds " -->" or a line break or has blanks at its ends; when it holds "[" with a blank
+/// before the "]" and the rule has a target; when the separator holds a blank.
 bool ReadsBack(const MappingRule& rule);
 
 }  // namespace kestrune

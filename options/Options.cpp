@@ -51,6 +51,7 @@ bool Options::EnsureOK(const orim::Package& package, Text module_path, const Dia
   stored_ = RecordOf(package);
   if (!stored_ || !IsValidRecord(*stored_)) {
     if (stored_) ShowMessage(platform.desktop, LoadResText(text::kInvalidRecord), Icon::kExclamation);
+    if (RefuseLocked(platform.desktop, package)) return false;
     if (module_path.empty()) module_path = GetLinkModulePath(platform, package.PackageGuid());
     if (module_path.empty()) {
       ShowMessage(platform.desktop, LoadResText(text::kModulePathNotSet), Icon::kStop);

@@ -19,7 +19,8 @@ class Options : public LinkSettings {
   explicit Options(Doors& doors) : doors_(doors) {}
 
   orim::Package Package;
-  Text Complaints;  // what could not be read of the record, a line each; Save would lose it
+  Text Complaints;              // what could not be read of the record, a line each; Save would lose it
+  std::vector<Text> LostRules;  // what the last refresh answered of rules that were the user's
 
   /// The fixed rules and the five default ones; the view restriction stays.
   void LoadDefault(const orim::Package& package);

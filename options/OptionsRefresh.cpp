@@ -35,7 +35,8 @@ bool Options::RefreshDoorsAttributesFromXML(const XmlDocument& d, bool reload_de
   const XmlNode attribute_list = d.SelectSingleNode(u"DoorsModule/Attributes");
   if (!attribute_list) return false;
   if (reload_defaults) LoadDefault(Package);
-  TakeAttributes(NamesIn(attribute_list));
+  LostRules = TakeAttributes(NamesIn(attribute_list));
+  if (reload_defaults) LostRules.clear();  // a default for an attribute that the module never had
   return true;
 }
 
@@ -45,8 +46,8 @@ bool Options::RefreshDoorsAttributes(const Text& module_path, bool reload_defaul
     ShowMessage(doors_.platform().desktop, std::move(why), Icon::kStop);
     return false;
   };
-  const Text answer =
-      doors_.RunScript(dxl_script::kExportModule, ExportParameters(module_path, ExportScope::kAttributes));
+  const Text parameters = ExportParameters(module_path, ExportScope::kAttributes);
+  const Text answer = doors_.RunScriptWaiting(dxl_script::kExportModule, parameters);
   if (AsciiUpper(answer.substr(0, 5)) == u"ERROR") return fail(answer);
   if (answer.empty()) return fail(LoadResText(text::kInvalidResponse));
   XmlDocument d;

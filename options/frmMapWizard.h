@@ -13,13 +13,23 @@ class frmMapWizard : public Form {
 
   TextView ClassName() const override { return u"frmMapWizard"; }
 
-  /// The rule text for the attribute in that slot, or "" when the user cancels.
-  Text DoWizard(const LinkSettings& settings, std::size_t selected_doors_attribute, bool combine);
+  enum Page { kSecondAttribute = 1, kSeparator = 2, kTarget = 3 };
+
+  /// The rule text for the attribute in that slot, or "" when the user cancels. The other attributes are
+  /// those that the user has selected with it. Into tagged values all of them go likewise, a line each; of a
+  /// combination the first is the one that is offered first.
+  Text DoWizard(const LinkSettings& settings, std::size_t selected_doors_attribute, bool combine,
+                std::vector<Text> others = {});
+  /// The same from that page on, with all that the user has chosen already.
+  Text AskFrom(Page page);
+  /// What the user meant for the attribute, whether or not its text reads back so.
+  MappingRule Rule() const;
 
   Label lblPrompt{this, u"lblPrompt"};
   ListBox lstExtra{this, u"lstExtra"};
   Label lblSep{this, u"lblSep"};
   TextBox txtSep{this, u"txtSep"};
+  Label lblPreview{this, u"lblPreview"};
   ListBox lstTarget{this, u"lstTarget"};
   Button cmdBack{this, u"cmdBack"};
   Button cmdNext{this, u"cmdNext"};
@@ -27,12 +37,11 @@ class frmMapWizard : public Form {
   Button cmdHelp{this, u"cmdHelp"};
 
  private:
-  enum Page { kSecondAttribute = 1, kSeparator = 2, kTarget = 3 };
-
   void Form_Load() override;
   void Form_CloseBox() override { cmdCancel_Click(); }
   void ShowPage(int page);
   void ShowSecondAttributes();
+  void ShowPreview();
   void ShowTargets();
   void UpdateButtons();
   void cmdNext_Click();
@@ -41,6 +50,7 @@ class frmMapWizard : public Form {
   Desktop& desktop_;
   const LinkSettings* settings_ = nullptr;
   Text attribute_;
+  std::vector<Text> others_;
   bool combine_ = false;
   int page_ = kTarget;
   Text result_;

@@ -1,6 +1,8 @@
 #include "options/frmOptions.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "common/LinkFile.h"
 #include "common/Utilities.h"
@@ -22,9 +24,12 @@ class WaitCursor {
   Desktop& desktop_;
 };
 
-/// Throws when a rule that maps the attribute would be read as one of other attributes.
-void RequireMappable(const Text& attribute) {
-  if (ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)})) return;
+/// Whether a rule that maps the attribute is read as just that.
+bool IsMappable(const Text& attribute) {
+  return ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)});
+}
+
+[[noreturn]] void ThrowUnmappable(const Text& attribute) {
   throw AutomationError(error::kUnmappableAttribute, u"frmOptions",
                         FormatResText(text::kUnmappable, {attribute}));
 }
@@ -38,6 +43,9 @@ Options::Dialog OptionsDialog(Doors& doors) {
 frmOptions::frmOptions(Doors& doors) : doors_(doors) {
   cmbViews.DropDown = Guarded([this] { cmbViews_DropDown(); });
   lvMappings.SelectionChange = [this] { UpdateButtons(); };
+  lvMappings.Delete = [this] {
+    if (cmdRemove.Enabled()) cmdRemove.Click();
+  };
   lvMappings.DblClick = [this] {
     if (cmdMap.Enabled()) cmdMap.Click();
   };
@@ -76,7 +84,8 @@ frmOptions::CloseCode frmOptions::ShowOptions(const orim::Repository&,
 frmOptions::CloseCode frmOptions::Edit(Options& options) {
   options_ = &options;
   Desktop& desktop = doors_.platform().desktop;
-  if (!options.Complaints.empty()) ShowMessage(desktop, options.Complaints, Icon::kExclamation);
+  if (!options.Complaints.empty())
+    ShowMessage(desktop, FormatResText(text::kUnreadableLines, {options.Complaints}), Icon::kExclamation);
   desktop.ShowModal(*this);
   if (close_code_ != kCancelled) options.Save();
   return close_code_;
@@ -95,6 +104,7 @@ void frmOptions::Form_Load() {
   cmbViews.SetValue(view);
   lblModulePath.SetCaption(ModulePathText());
   Refill({});
+  lvMappings.SetFocus();
 }
 
 void frmOptions::SetCaptions() {
@@ -132,10 +142,11 @@ Text frmOptions::ModulePathText() const {
   return path.empty() ? LoadResText(text::kModulePathNotSet) : path;
 }
 
-void frmOptions::Refill(const Text& attribute) {
-  options_->FillListBox(lvMappings);
-  if (const std::size_t slot = options_->FindAttribute(attribute))
-    lvMappings.SelectRow(slot - LinkSettings::kFirstUserSlot);
+void frmOptions::Refill(const std::vector<Text>& attributes) {
+  std::vector<std::size_t> slots;
+  for (const Text& attribute : attributes)
+    if (const std::size_t slot = options_->FindAttribute(attribute)) slots.push_back(slot);
+  options_->FillListBox(lvMappings, std::move(slots));
   UpdateButtons();
 }
 
@@ -158,14 +169,15 @@ std::vector<std::size_t> frmOptions::SelectedSlots() const {
   return slots;
 }
 
-Text frmOptions::SelectedAttribute() const {
-  const auto slots = SelectedSlots();
-  return slots.empty() ? Text() : options_->GetAttributeName(slots.front());
+std::vector<Text> frmOptions::SelectedAttributes() const {
+  std::vector<Text> attributes;
+  for (const std::size_t slot : SelectedSlots()) attributes.push_back(options_->GetAttributeName(slot));
+  return attributes;
 }
 
 void frmOptions::cmbViews_DropDown() {
   if (!doors_.EnsureDoors()) return;
-  const Text answer = doors_.RunScript(dxl_script::kListViews, lblModulePath.Caption());
+  const Text answer = doors_.RunScriptWaiting(dxl_script::kListViews, lblModulePath.Caption());
   if (ScriptError(answer)) return ShowMessage(doors_.platform().desktop, answer, Icon::kExclamation);
   const Text standard_view = LoadResText(text::kStandardView);
   std::vector<Text> views = {standard_view};
@@ -177,35 +189,79 @@ void frmOptions::cmbViews_DropDown() {
 }
 
 void frmOptions::Configure(bool combine) {
-  const auto slots = SelectedSlots();
-  const Text attribute = options_->GetAttributeName(slots.front());
-  RequireMappable(attribute);
-  const Text result = frmMapWizard(doors_.platform().desktop).DoWizard(*options_, slots.front(), combine);
-  if (result.empty()) return;
-  for (const Text& line : Split(result, kCrLf)) options_->AddMapping(line);
+  const auto attributes = SelectedAttributes();
+  if (!IsMappable(attributes.front())) ThrowUnmappable(attributes.front());
+  const std::vector<Text> others(attributes.begin() + 1, attributes.end());
+  const Text answer = AskWizard(attributes.front(), others, combine);
+  const std::vector<Text> mapped = AddMappings(answer);
+  // What one host field could not take is at hand for the next.
+  const bool goes_on = mapped.size() == 1 && !combine && !others.empty();
+  if (!mapped.empty()) Refill(goes_on ? others : mapped);
+  lvMappings.SetFocus();
+  if (mapped.size() > 1) TellUnmappable(others);
+}
+
+Text frmOptions::AskWizard(const Text& attribute, const std::vector<Text>& others, bool combine) {
+  Desktop& desktop = doors_.platform().desktop;
+  std::vector<Text> along;
+  std::copy_if(others.begin(), others.end(), std::back_inserter(along), IsMappable);
+  frmMapWizard wizard(desktop);
+  Text answer = wizard.DoWizard(*options_, options_->FindAttribute(attribute), combine, std::move(along));
+  // The answer is as the user typed it. What would read back as another rule goes back to him.
+  while (!answer.empty() && !ReadsBack(wizard.Rule())) {
+    MappingRule rule = wizard.Rule();
+    const Text separator = std::exchange(rule.Separator, u"");
+    const bool is_separator = ReadsBack(rule);
+    const Text why = is_separator ? FormatResText(text::kUnkeptSeparator, {separator, rule.CombinedAttribute})
+                                  : FormatResText(text::kUnmappable, {rule.CombinedAttribute});
+    ShowMessage(desktop, why, Icon::kExclamation);
+    answer = wizard.AskFrom(is_separator ? frmMapWizard::kSeparator : frmMapWizard::kSecondAttribute);
+  }
+  return answer;
+}
+
+std::vector<Text> frmOptions::AddMappings(const Text& rules) {
+  std::vector<Text> mapped;
+  for (const Text& line : Split(rules, kCrLf)) {
+    const auto rule = ParseRule(line);
+    if (!rule) continue;
+    options_->AddMapping(line);
+    mapped.push_back(rule->Attribute);
+  }
   options_->Sort();
-  Refill(attribute);
+  return mapped;
+}
+
+void frmOptions::TellUnmappable(const std::vector<Text>& attributes) const {
+  Text names;
+  for (const Text& attribute : attributes)
+    if (!IsMappable(attribute)) names.append(kCrLf).append(attribute);
+  if (!names.empty())
+    ShowMessage(doors_.platform().desktop, FormatResText(text::kNotMapped, {names}), Icon::kExclamation);
 }
 
 void frmOptions::cmdRemove_Click() {
-  std::vector<Text> attributes;
-  for (const std::size_t slot : SelectedSlots()) attributes.push_back(options_->GetAttributeName(slot));
+  const auto attributes = SelectedAttributes();
   for (const Text& attribute : attributes) options_->UnmapIndex(options_->FindAttribute(attribute));
-  Refill(attributes.front());
+  Refill({attributes.front()});
   lvMappings.SetFocus();
 }
 
 void frmOptions::ApplyTemplate(TextView new_template) {
-  const Text attribute = SelectedAttribute();
+  const auto attributes = SelectedAttributes();
   options_->SetTemplate(new_template);
-  Refill(attribute);
+  Refill(attributes);
 }
 
 void frmOptions::cmdReloadAttribs_Click() {
-  const WaitCursor wait(doors_.platform().desktop);
-  const Text attribute = SelectedAttribute();
+  const auto attributes = SelectedAttributes();
   const Text module_path = GetLinkModulePath(doors_.platform(), options_->Package.PackageGuid());
-  if (options_->RefreshDoorsAttributes(module_path)) Refill(attribute);
+  if (!options_->RefreshDoorsAttributes(module_path)) return;
+  Refill(attributes);
+  Text losses;
+  for (const Text& loss : options_->LostRules) losses.append(kCrLf).append(kCrLf).append(loss);
+  if (!losses.empty())
+    ShowMessage(doors_.platform().desktop, FormatResText(text::kLostRules, {losses}), Icon::kExclamation);
 }
 
 void frmOptions::Accept(CloseCode code) {

@@ -57,13 +57,18 @@ class frmOptions : public Form {
   Event Guarded(Event handler);
   void SetCaptions();
   Text ModulePathText() const;
-  /// Lists the rules afresh and selects the row of the attribute, if it has one.
-  void Refill(const Text& attribute);
+  /// Lists the rules afresh and selects the rows of the attributes, or the first row.
+  void Refill(const std::vector<Text>& attributes);
   void UpdateButtons();
   /// The slots of the selected rows, ascending.
   std::vector<std::size_t> SelectedSlots() const;
-  /// The attribute of the first selected row, or "".
-  Text SelectedAttribute() const;
+  /// The first attributes of the selected rows, in their order.
+  std::vector<Text> SelectedAttributes() const;
+  /// The wizard's rule texts for the attribute, and for the others likewise; "" when the user gives up.
+  Text AskWizard(const Text& attribute, const std::vector<Text>& others, bool combine);
+  /// Adds the rules, a line each, and returns their attributes.
+  std::vector<Text> AddMappings(const Text& rules);
+  void TellUnmappable(const std::vector<Text>& attributes) const;
 
   Doors& doors_;
   Options* options_ = nullptr;

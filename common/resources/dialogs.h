@@ -31,6 +31,7 @@
 #define ID_lblSep 1032
 #define ID_txtSep 1033
 #define ID_lstTarget 1034
+#define ID_lblPreview 1037
 #define ID_cmdBack 1035
 #define ID_cmdNext 1036
 

@@ -129,9 +129,96 @@ TEST(LinkSettings, TemplateCarriesTheMappedRulesToAnotherPackage) {
   EXPECT_EQ(RulesOf(to), rules);
   for (const TextView none : {u"", u"A --> Notes", u"orim studio mapping template\r\nA --> Notes"})
     EXPECT_FALSE(to.ApplyTemplate(none));
-  EXPECT_THROW(to.ApplyTemplate(u"Orim Studio Mapping Template\r\nB --> Notes\r\nC [:D] --> Name"),
+  EXPECT_THROW(to.ApplyTemplate(u"Orim Studio Mapping Template\r\nB --> Notes\r\nC [: D --> Name"),
                AutomationError);
   EXPECT_EQ(RulesOf(to), rules) << "what is no template changes nothing";
+}
+
+struct AttributesCase {
+  const char* what;
+  Lines before, attributes, after, losses;
+};
+
+const Lines kCombined = {u"A [: B] --> Name"};
+
+TEST(LinkSettings, FollowTheModulesAttributesAndSayWhatARuleHasLost) {
+  const AttributesCase cases[] = {
+      {"new ones are listed", {u"A --> Name"}, {u"C", u"B", u"A"}, {u"A --> Name", u"B", u"C"}, {}},
+      {"one that has gone takes its rule along",
+       {u"A --> Name", u"B", u"C"},
+       {u"B"},
+       {u"B"},
+       {u"It has no attribute \"A\" any more: the rule \"A --> Name\" was dropped."}},
+      {"the second of a rule is not listed again", kCombined, {u"A", u"B"}, kCombined, {}},
+      {"a second one that has gone stays in its rule",
+       kCombined,
+       {u"A"},
+       kCombined,
+       {u"It has no attribute \"B\" any more: the rule \"A [: B] --> Name\" imports \"A\" alone."}},
+      {"a first one that has gone frees the second",
+       kCombined,
+       {u"B"},
+       {u"B"},
+       {u"It has no attribute \"A\" any more: the rule \"A [: B] --> Name\" was dropped."}},
+      {"so it does without a target", {u"A [: B] -->"}, {u"B"}, {u"B"}, {}},
+      {"case",
+       {u"status --> Name"},
+       {u"Status", u"STATUS"},
+       {u"STATUS", u"Status"},
+       {u"It has no attribute \"status\" any more: the rule \"status --> Name\" was dropped."}},
+      {"a name listed twice stands once", {}, {u"A", u"A"}, {u"A"}, {}},
+      {"an empty list leaves nothing", {u"A"}, {}, {}, {}},
+  };
+  for (const AttributesCase& each : cases) {
+    LinkSettings settings = SettingsOf(each.before);
+    EXPECT_EQ(settings.TakeAttributes(each.attributes), each.losses) << each.what;
+    EXPECT_EQ(RulesOf(settings), each.after) << each.what;
+    EXPECT_EQ(settings.Rules.size(), 5 + each.after.size()) << each.what;
+  }
+}
+
+TEST(LinkSettings, OfTwoRulesForOneFieldTheEarlierIsUsed) {
+  const LinkSettings settings =
+      SettingsOf({u"A --> Status", u"B --> (Tagged Value)", u"C --> (Tagged Value)", u"D", u"E --> Status",
+                  u"F --> (Calculated) Parent", u"G --> Status", u"Object Identifier --> (Tagged Value)"});
+  std::vector<std::pair<Text, Text>> unused;
+  for (const UnusedRule& each : settings.UnusedRules())
+    unused.emplace_back(settings.GetAttributeName(each.Slot), each.Why);
+  ASSERT_EQ(unused.size(), 3u);
+  EXPECT_EQ(unused[0].first, u"E");
+  EXPECT_EQ(
+      unused[0].second,
+      u"The rule \"E --> Status\" is not used: \"A --> Status\" fills the same field. Remove one of the "
+      u"two in the options.");
+  EXPECT_EQ(unused[1].first, u"F") << "a fixed rule comes first";
+  EXPECT_EQ(unused[2].first, u"G");
+}
+
+/// Where a list was scrolled to, at each of its changes.
+struct ScrollLog : FormPeer {
+  void FormChanged(Form&) override {}
+  void ControlChanged(Control& control) override {
+    if (const auto row = dynamic_cast<ListView&>(control).VisibleRow()) Rows.push_back(*row);
+  }
+  void Repaint(Control&) override {}
+  void SetFocus(Control&) override {}
+  void PopUp(Menu&, Control&) override {}
+  std::vector<std::size_t> Rows;
+};
+
+struct ListForm : Form {
+  ListView lvMappings{this, u"lvMappings"};
+};
+
+TEST(LinkSettings, AreListedAfreshWithoutAJumpToTheTop) {
+  const LinkSettings settings = SettingsOf({u"A", u"B --> Name", u"C"});
+  ListForm form;
+  ScrollLog log;
+  form.Open(&log);
+  settings.FillListBox(form.lvMappings);
+  settings.FillListBox(form.lvMappings, {6, 7});
+  EXPECT_EQ(log.Rows, (std::vector<std::size_t>{0, 1}));
+  EXPECT_EQ(form.lvMappings.SelectedRows(), (std::vector<std::size_t>{1, 2}));
 }
 
 }  // namespace

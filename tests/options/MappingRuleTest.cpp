@@ -30,6 +30,10 @@ const RuleCase kRules[] = {
     {u"A [- : B] --> Name", {u"A", u": B", u"-", u"Name"}},  // a separator ends at its first blank
     {u"A [[ B] --> Name", {u"A", u"B", u"[", u"Name"}},
     {u"A [: Mass [kg]] --> Name", {u"A", u"Mass [kg]", u":", u"Name"}},
+    {u"Mass [kg] --> Alias", {u"Mass [kg]", u"", u"", u"Alias"}},
+    {u"Mass [kg] (dry) --> Alias", {u"Mass [kg] (dry)", u"", u"", u"Alias"}},
+    {u"Object Identifier --> (Tagged Value)", {u"Object Identifier", u"", u"", u"(Tagged Value)"}},
+    {u"Object Identifier [: B] --> Name", {u"Object Identifier", u"B", u":", u"Name"}},
     {u"A [: ] --> Name", {u"A", u"", u"", u"Name"}, u"A --> Name"},
     {u"Größe [· 名前] --> Notes", {u"Größe", u"名前", u"·", u"Notes"}},
 };
@@ -44,10 +48,10 @@ TEST(RuleText, ReadsAndWritesBack) {
 }
 
 TEST(RuleText, RefusesAMalformedLineByName) {
-  for (const TextView line :
-       {u"A [B] --> Name", u"A [:B] --> Name", u"Mass [kg] --> Name", u"A [: B --> Name",
-        u"A [: B]  --> Name", u"A [ --> Name", u"A [: B] x --> Name", u"A --> Name [x]", u" --> Name",
-        u"[: B] --> Name", u"A [: B --> C] --> Name"}) {
+  for (const TextView line : {u"A [B --> Name", u"Mass [per hour] of --> Name", u"A [: B --> Name",
+                              u"Object Identifier [: B] --> (Tagged Value)", u"A [: B]  --> Name",
+                              u"A [ --> Name", u"A [: B] x --> Name", u"A --> Name [x]", u" --> Name",
+                              u"[: B] --> Name", u"A [: B --> C] --> Name"}) {
     try {
       ParseRule(line);
       ADD_FAILURE() << "was read: " << ToUtf8(line);
@@ -61,7 +65,9 @@ TEST(RuleText, RefusesAMalformedLineByName) {
 TEST(RuleText, ThatDoesNotReadBackIsKnownBeforehand) {
   const std::pair<MappingRule, bool> cases[] = {
       {{u"x [y]"}, true},
-      {{u"x [y]", u"", u"", u"Name"}, false},
+      {{u"x [y]", u"", u"", u"Name"}, true},
+      {{u"x [y]", u"B", u":", u"Name"}, false},
+      {{u"Object Identifier", u"B", u":", u"(Tagged Value)"}, false},
       {{u"x [y z]", u"", u"", u"Name"}, false},  // looks like a combined one
       {{u"A --> B"}, false},
       {{u"A", u"B --> C", u":", u"Name"}, false},

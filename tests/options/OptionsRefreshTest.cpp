@@ -3,36 +3,13 @@
 namespace kestrune::testing {
 namespace {
 
-struct RefreshCase {
-  const char* what;
-  Lines before, attributes, after;
-};
-
-const Lines kCombined = {u"A [: B] --> Name"};
-
-TEST_F(OptionsTest, RefreshBringsTheRulesInLineWithTheModule) {
-  const RefreshCase cases[] = {
-      {"new ones are listed", {u"A --> Name"}, {u"C", u"B", u"A"}, {u"A --> Name", u"B", u"C"}},
-      {"one that has gone takes its rule along", {u"A --> Name", u"B"}, {u"B"}, {u"B"}},
-      {"the second of a rule is not listed again", kCombined, {u"A", u"B"}, kCombined},
-      {"a second one that has gone stays in its rule", kCombined, {u"A"}, kCombined},
-      {"a first one that has gone frees the second", kCombined, {u"B"}, {u"B"}},
-      {"so it does without a target", {u"A [: B] -->"}, {u"B"}, {u"B"}},
-      {"both may go", {u"A [: B] --> Name", u"C"}, {u"C"}, {u"C"}},
-      {"case", {u"status --> Name"}, {u"Status", u"STATUS"}, {u"STATUS", u"Status"}},
-      {"a name listed twice stands once", {}, {u"A", u"A"}, {u"A"}},
-      {"signs", {}, {u"\"q\"'", u"A --> B", u"[@x]", u"a&b<c"}, {u"\"q\"'", u"A --> B", u"[@x]", u"a&b<c"}},
-      {"names that no rule can hold are passed over", {}, {u"", u"  ", u"A\r\nB", u"C"}, {u"C"}},
-      {"an empty list leaves nothing", {u"A --> Name"}, {}, {}},
-  };
-  for (const RefreshCase& each : cases) {
-    Options options(doors);
-    Load(options, each.before);
-    app->Attributes = each.attributes;
-    EXPECT_TRUE(options.RefreshDoorsAttributes(app->Module)) << each.what;
-    EXPECT_EQ(RulesOf(options), each.after) << each.what;
-    EXPECT_EQ(options.Rules.size(), 5 + each.after.size()) << each.what;
-  }
+TEST_F(OptionsTest, RefreshReadsTheNamesThatARuleCanHold) {
+  Options options(doors);
+  Load(options, {u"A --> Name", u"B --> Alias"});
+  app->Attributes = {u"\"q\"'", u"A --> B", u"[@x]", u"a&b<c", u"", u"  ", u"A\r\nB", u"B"};
+  EXPECT_TRUE(options.RefreshDoorsAttributes(app->Module));
+  EXPECT_EQ(RulesOf(options), Lines({u"\"q\"'", u"A --> B", u"B --> Alias", u"[@x]", u"a&b<c"}));
+  EXPECT_EQ(options.LostRules.size(), 1u);
   EXPECT_FALSE(IsFile(folder.File(u"export.xml"))) << "the export is deleted";
 }
 
@@ -43,6 +20,7 @@ TEST_F(OptionsTest, RefreshMayBeginWithTheDefaults) {
   EXPECT_TRUE(options.RefreshDoorsAttributes(app->Module, true));
   EXPECT_EQ(RulesOf(options), Lines({u"Created On --> (Tagged Value)", u"Object Heading",
                                      u"Object Text --> Notes", u"Status"}));
+  EXPECT_TRUE(options.LostRules.empty()) << "nobody has made the defaults for this module";
 }
 
 TEST_F(OptionsTest, RefreshThatFailsSaysWhyAndChangesNothing) {

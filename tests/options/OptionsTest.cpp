@@ -62,15 +62,18 @@ TEST_F(OptionsTest, InvalidRecordGivesTheDefaultsAndItsOwnRules) {
 }
 
 TEST_F(OptionsTest, MalformedLineIsNamedAndCostsNoOtherRule) {
-  Store(Record({u"A --> Name", u"B [C] --> Notes", u"D [:E] --> Alias", u"F"}));
+  Store(Record({u"A --> Name", u"B [C --> Notes", u"D [: E --> Alias", u"F"}));
   Options options(doors);
   EXPECT_TRUE(options.Load(package));
   EXPECT_EQ(RulesOf(options), Lines({u"A --> Name", u"F"}));
   const Lines complaints = Split(options.Complaints, kCrLf);
   ASSERT_EQ(complaints.size(), 2u);
-  EXPECT_NE(complaints[0].find(u"B [C] --> Notes"), Text::npos);
-  EXPECT_NE(complaints[1].find(u"D [:E] --> Alias"), Text::npos);
-  desktop.OnMessage(options.Complaints);
+  EXPECT_NE(complaints[0].find(u"B [C --> Notes"), Text::npos);
+  EXPECT_NE(complaints[1].find(u"D [: E --> Alias"), Text::npos);
+  desktop.OnMessage(
+      options.Complaints +
+      u"\r\n\r\nOK writes the options without the line(s) named above. To keep them, press Cancel and "
+      u"mend them in the notes of the package's tagged value \"DoorsConnection\".");
   desktop.OnForm<frmOptions>([](frmOptions& form) { form.CloseByUser(); });
   frmOptions(doors).ShowOptions(repository, package);
 }
@@ -119,6 +122,14 @@ TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
     EXPECT_EQ(app->Parameters.back(), u"/Demo/Requirements~1~~");
     EXPECT_EQ(Stored(), Record({u"Object Text --> Notes", u"Status"}));
   }
+}
+
+TEST_F(OptionsTest, ALockedPackageWithoutARecordIsRefusedBeforeDoorsIsAsked) {
+  model.Locked = true;
+  desktop.OnMessage(u"Package locked. Cannot proceed with operation.");
+  EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
+  EXPECT_TRUE(app->Scripts.empty());
+  EXPECT_EQ(model.Writes, 0);
 }
 
 TEST_F(OptionsTest, EnsureOkNeedsAModulePathAndAWorkingDoors) {

@@ -16,8 +16,9 @@ class MapWizardTest : public ::testing::Test, public TestPlatform {
   }
   static Lines Visible(const frmMapWizard& form) {
     Lines names;
-    for (const Control* control : {(const Control*)&form.lstExtra, (const Control*)&form.lblSep,
-                                   (const Control*)&form.txtSep, (const Control*)&form.lstTarget})
+    for (const Control* control :
+         {(const Control*)&form.lstExtra, (const Control*)&form.lblSep, (const Control*)&form.txtSep,
+          (const Control*)&form.lblPreview, (const Control*)&form.lstTarget})
       if (control->Visible()) names.push_back(control->Name());
     return names;
   }
@@ -52,7 +53,7 @@ TEST_F(MapWizardTest, CombinesTwoAttributesPageByPage) {
     EXPECT_EQ(form.cmdNext.Caption(), u"&Next >");
     form.cmdHelp.Press();
     form.lstExtra.DoubleClickItem(1);
-    EXPECT_EQ(Visible(form), Lines({u"lblSep", u"txtSep"}));
+    EXPECT_EQ(Visible(form), Lines({u"lblSep", u"txtSep", u"lblPreview"}));
     form.txtSep.Type(u" - ");
     form.cmdNext.Press();
     EXPECT_EQ(Visible(form), Lines({u"lstTarget"}));
@@ -63,6 +64,45 @@ TEST_F(MapWizardTest, CombinesTwoAttributesPageByPage) {
   const Lines rules = {u"Object Heading", u"Object Number", u"Taken --> Notes", u"Other"};
   EXPECT_EQ(Run(rules, u"Object Number", true, user), u"Object Number [ -  Other] --> (Tagged Value)");
   EXPECT_EQ(desktop.HelpShown(), std::vector<int>({6140}));
+}
+
+TEST_F(MapWizardTest, ShowsWhatASeparatorMakesOfBothAttributes) {
+  struct {
+    TextView first, second, separator, preview;
+  } const cases[] = {
+      {u"Object Number", u"Object Heading", u":", u"For example: 2.1: Scope"},
+      {u"Mood", u"Object Heading", u"\\n", u"For example: Mood\\n Scope"},
+  };
+  for (const auto& each : cases) {
+    Run({Text(each.first), Text(each.second)}, each.first, true, [&](frmMapWizard& form) {
+      form.cmdNext.Press();
+      form.txtSep.Type(Text(each.separator));
+      EXPECT_EQ(form.lblPreview.Caption(), each.preview);
+      form.cmdCancel.Press();
+    });
+  }
+}
+
+TEST_F(MapWizardTest, GoesOnFromAPageWithAllThatWasChosen) {
+  const LinkSettings settings = SettingsOf({u"A", u"B", u"C"});
+  frmMapWizard wizard(desktop);
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& form) {
+    form.lstExtra.ClickItem(1);
+    form.cmdNext.Press();
+    form.txtSep.Type(u"- ");
+    form.cmdNext.Press();
+    form.lstTarget.ClickItem(3);
+    form.cmdNext.Press();
+  });
+  EXPECT_EQ(wizard.DoWizard(settings, 5, true), u"A [-  C] --> Status");
+  EXPECT_EQ(wizard.Rule(), (MappingRule{u"A", u"C", u"- ", u"Status"}));
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& form) {
+    EXPECT_EQ(form.txtSep.Value(), u"- ");
+    form.txtSep.Type(u"-");
+    form.cmdNext.Press();
+    form.cmdNext.Press();
+  });
+  EXPECT_EQ(wizard.AskFrom(frmMapWizard::kSeparator), u"A [- C] --> Status");
 }
 
 TEST_F(MapWizardTest, NeverOffersATaggedValueForTheIdentifier) {

@@ -124,12 +124,145 @@ TEST_F(OptionsFormTest, CombinesTwoAndTakesThemApartAgain) {
   EXPECT_EQ(Stored(), Record({u"A", u"B", u"C", u"D"}));
 }
 
+TEST_F(OptionsFormTest, MapsSeveralRowsInOneGo) {
+  const Lines five = {u"A", u"B", u"C", u"Object Identifier", u"x [y z]"};
+  struct {
+    std::vector<std::size_t> selected;
+    std::size_t target;  // in the wizard's list
+    Lines rows, selected_after;
+    bool tells;
+  } const cases[] = {
+      {{0, 2},
+       0,
+       {u"A | (Tagged Value)", u"B | ", u"C | (Tagged Value)", u"Object Identifier | ", u"x [y z] | "},
+       {u"A", u"C"},
+       false},
+      {{0, 1, 2},
+       1,
+       {u"A | Name", u"B | ", u"C | ", u"Object Identifier | ", u"x [y z] | "},
+       {u"B", u"C"},
+       false},
+      {{1}, 1, {u"A | ", u"B | Name", u"C | ", u"Object Identifier | ", u"x [y z] | "}, {u"B"}, false},
+      {{0, 1, 3, 4},  // an identifier is a tagged value anyway, and the last one cannot be mapped
+       0,
+       {u"A | (Tagged Value)", u"B | (Tagged Value)", u"C | ", u"Object Identifier | ", u"x [y z] | "},
+       {u"A", u"B"},
+       true},
+  };
+  for (const auto& each : cases) {
+    desktop.OnForm<frmOptions>([&](frmOptions& form) {
+      form.lvMappings.SelectRows(each.selected);
+      form.cmdMap.Press();
+      EXPECT_EQ(RowsOf(form), each.rows);
+      EXPECT_EQ(SelectedOf(form), each.selected_after);
+      form.cmdCancel.Press();
+    });
+    desktop.OnForm<frmMapWizard>([&](frmMapWizard& wizard) {
+      wizard.lstTarget.ClickItem(each.target);
+      wizard.cmdNext.Press();
+    });
+    if (each.tells)
+      desktop.OnMessage(
+          u"These attributes were not mapped, since a mapping rule cannot tell their names from its own "
+          u"signs:\r\nx [y z]");
+    model.Tags.clear();
+    Store(Record(five));
+    frmOptions(doors).ShowOptions(repository, package);
+  }
+}
+
+TEST_F(OptionsFormTest, CombinesTheTwoThatAreSelected) {
+  desktop.OnForm<frmOptions>([](frmOptions& form) {
+    form.lvMappings.SelectRows({0, 2});
+    form.cmdCombine.Press();
+    form.cmdCancel.Press();
+  });
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+    EXPECT_EQ(wizard.lstExtra.SelectedText(), u"C");
+    wizard.CloseByUser();
+  });
+  Store(Record({u"A", u"B", u"C"}));
+  frmOptions(doors).ShowOptions(repository, package);
+}
+
+TEST_F(OptionsFormTest, ASeparatorThatWouldBeLostGoesBackToItsPage) {
+  desktop.OnForm<frmOptions>([](frmOptions& form) {
+    form.cmdCombine.Press();
+    EXPECT_EQ(RowsOf(form), Lines({u"A [- B] | Alias"}));
+    form.cmdCancel.Press();
+  });
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+    wizard.cmdNext.Press();
+    wizard.txtSep.Type(u"- ");
+    wizard.cmdNext.Press();
+    wizard.lstTarget.ClickItem(2);
+    wizard.cmdNext.Press();
+  });
+  desktop.OnMessage(
+      u"The separator \"- \" holds a blank, with which the rule could not be read again: it would lose the "
+      u"attribute \"B\". A separator may hold any signs but blanks; one blank always follows it.");
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+    wizard.txtSep.Type(u"-");
+    wizard.cmdNext.Press();
+    EXPECT_EQ(wizard.lstTarget.SelectedText(), u"Alias");
+    wizard.cmdNext.Press();
+  });
+  Store(Record({u"A", u"B"}));
+  frmOptions(doors).ShowOptions(repository, package);
+}
+
+TEST_F(OptionsFormTest, ASecondAttributeThatNoRuleCanHoldGoesBackToItsPage) {
+  app->Attributes = {u"A", u"B --> C"};
+  desktop.OnForm<frmOptions>([](frmOptions& form) {
+    form.cmdReloadAttribs.Press();
+    form.cmdCombine.Press();
+    EXPECT_EQ(RowsOf(form), Lines({u"A | ", u"B --> C | "}));
+    form.cmdCancel.Press();
+  });
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+    for (int page = 1; page <= 3; ++page) wizard.cmdNext.Press();
+  });
+  desktop.OnMessage(FormatResText(text::kUnmappable, {u"B --> C"}));
+  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+    EXPECT_TRUE(wizard.lstExtra.Visible());
+    wizard.CloseByUser();
+  });
+  Store(Record({u"A"}));
+  frmOptions(doors).ShowOptions(repository, package);
+}
+
+TEST_F(OptionsFormTest, TheKeysOfTheListSelectAllAndRemove) {
+  Edit({u"A --> Name", u"B", u"C --> Notes"}, [&](frmOptions& form) {
+    form.lvMappings.SelectAll();
+    EXPECT_EQ(SelectedOf(form), Lines({u"A", u"B", u"C"}));
+    form.lvMappings.PressDelete();
+    EXPECT_EQ(RowsOf(form), Lines({u"A | Name", u"B | ", u"C | Notes"}))
+        << "as the button, which is disabled";
+    form.lvMappings.SelectRows({0, 2});
+    form.lvMappings.PressDelete();
+    EXPECT_EQ(RowsOf(form), Lines({u"A | ", u"B | ", u"C | "}));
+    form.cmdCancel.Press();
+  });
+}
+
+TEST_F(OptionsFormTest, NamesTheRulesThatARefreshDrops) {
+  app->Attributes = {u"B", u"C"};
+  Edit({u"A --> Name", u"B [: D] --> Alias", u"C --> Notes"}, [&](frmOptions& form) {
+    desktop.OnMessage(
+        u"The module has changed since the rules were made:\r\n\r\n"
+        u"It has no attribute \"A\" any more: the rule \"A --> Name\" was dropped.\r\n\r\n"
+        u"It has no attribute \"D\" any more: the rule \"B [: D] --> Alias\" imports \"B\" alone.");
+    form.cmdReloadAttribs.Press();
+    form.cmdCancel.Press();
+  });
+}
+
 TEST_F(OptionsFormTest, SaysWhyAnAttributeOfAPeculiarNameCannotBeMapped) {
   app->Attributes = {u"A --> B", u"Mass [kg]", u"x [y z]", u"y", u"z"};
   Edit({u"Mass [kg]", u"x [y z]", u"y --> Name", u"z"}, [&](frmOptions& form) {
     form.cmdReloadAttribs.Press();
     ASSERT_EQ(RowsOf(form), Lines({u"A --> B | ", u"Mass [kg] | ", u"x [y z] | ", u"y | Name", u"z | "}));
-    for (const std::size_t row : {0u, 1u, 2u}) {
+    for (const std::size_t row : {0u, 2u}) {
       form.lvMappings.SelectRows({row});
       desktop.OnMessage([&](const Message& message) {
         EXPECT_NE(message.Body.find(form.lvMappings.Rows()[row].Cells[0]), Text::npos);
@@ -145,9 +278,9 @@ TEST_F(OptionsFormTest, SaysWhyAnAttributeOfAPeculiarNameCannotBeMapped) {
 TEST_F(OptionsFormTest, PastesWhatIsATemplateAndRefusesAMalformedOne) {
   const Text header = u"Orim Studio Mapping Template\r\n";
   Edit({u"A --> Name", u"B"}, [&](frmOptions& form) {
-    desktop.SetClipboardText(header + u"B --> Notes\r\nC [:D] --> Alias\r\n");
+    desktop.SetClipboardText(header + u"B --> Notes\r\nC [: D --> Alias\r\n");
     desktop.OnMessage([](const Message& message) {
-      EXPECT_NE(message.Body.find(u"C [:D] --> Alias"), Text::npos);
+      EXPECT_NE(message.Body.find(u"C [: D --> Alias"), Text::npos);
       return Answer::kOk;
     });
     Choose(form, form.mnuMappingsPaste);
@@ -161,6 +294,7 @@ TEST_F(OptionsFormTest, PastesWhatIsATemplateAndRefusesAMalformedOne) {
 
 TEST_F(OptionsFormTest, RestrictsTheImportToAView) {
   app->Views = {u"Standard view", u"  Mine ", u"", u"   ", u"mine\r"};
+  app->WhileRunning = [&] { EXPECT_TRUE(desktop.WaitCursor()); };
   Edit({u"A"}, [](frmOptions& form) {
     form.cmbViews.Drop();
     EXPECT_EQ(form.cmbViews.Items(), Lines({u"Standard view", u"Mine", u"mine"}));
@@ -212,7 +346,10 @@ TEST_F(OptionsFormTest, WaitsForDoorsUntilTheUserGivesUp) {
   desktop.WindowAt(1).ClassName = u"Other";
   Edit({u"A --> Name"}, [&](frmOptions& form) {
     for (Event* use : {&form.cmdReloadAttribs.Click, &form.cmbViews.DropDown}) {
-      desktop.OnForm<frmConnectProgress>([](frmConnectProgress& progress) { progress.cmdCancel.Press(); });
+      desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& progress) {
+        EXPECT_FALSE(desktop.WaitCursor()) << "it is the user who is waited for";
+        progress.cmdCancel.Press();
+      });
       (*use)();
     }
     EXPECT_FALSE(desktop.WaitCursor());
