@@ -6,8 +6,9 @@
 
 namespace kestrune {
 
-/// Does nothing, without a word, where there is nothing to locate: no linked package selected, no element at
-/// hand, no mapping for the attribute "Absolute Number", an object that DOORS does not find.
+/// Brings up no message where there is nothing to locate (no linked package selected, no element at hand, no
+/// mapping for the attribute "Absolute Number", an object that DOORS does not find): a line in the output tab
+/// "DOORS" says what was missing.
 void LocateInDoors(Doors& doors, const orim::Repository& repository);
 
 }  // namespace kestrune

@@ -31,6 +31,8 @@ struct LocateTest : LinkedPackage {
     return shown;
   }
 
+  Text LastLine() const { return model.OutputLines(u"DOORS").back().Line; }
+
   void Map(const std::vector<Text>& rules) {
     mapping = rules;
     EditOptions();
@@ -54,44 +56,65 @@ TEST_F(LocateTest, ShowsTheViewOfTheImport) {
   EXPECT_EQ(Locate(u"R2"), "/P/M All 2");
 }
 
-TEST_F(LocateTest, IsSilentWhereThereIsNothingToLocate) {
-  const auto nothing = [this](const char* why) {
-    EXPECT_EQ(Locate(u"R1"), "") << why;
+TEST_F(LocateTest, SaysInTheOutputTabWhatWasMissing) {
+  const auto missing = [this](const Text& why) {
+    EXPECT_EQ(Locate(u"R1"), "") << ToUtf8(why);
+    EXPECT_EQ(LastLine(), u"Locate in DOORS: " + why);
     model.SelectPackage(package_id);
   };
+  const Text not_mapped =
+      u"the attribute \"Absolute Number\" is not mapped. Map it in the options of the package and import "
+      u"again.";
   Map({u"Object Heading --> Alias"});
-  nothing("the number is not mapped");
+  missing(not_mapped);
+  Map({u"Object Heading --> Name"});
+  missing(not_mapped);
   Map({u"Absolute Number --> Colour"});
   Messages();
-  nothing("the number goes to no field");
+  missing(
+      u"the rule \"Absolute Number --> Colour\" names no field of an element. Mend it in the options of the "
+      u"package and import again.");
   Map({u"Absolute Number --> Alias"});
-  EXPECT_EQ(Click(), "") << "a package is selected, no element";
+  EXPECT_EQ(Click(), "");
+  EXPECT_EQ(LastLine(), u"Locate in DOORS: no element is selected.");
 
   const orim::Element element = repository.ElementByID(ElementOf(u"R1"));
-  for (const char16_t* number : {u"", u"1~2"}) {
+  const auto store = [&element](const Text& number) {
     element.SetField(u"Alias", number);
     element.Save();
-    nothing("the element has lost its number");
+  };
+  for (const char16_t* number : {u"", u"1~2"}) {
+    store(number);
+    missing(
+        u"the element \"" + element.Name() +
+        u"\" holds no absolute number where the rule \"Absolute Number --> Alias\" puts it. Import again.");
   }
+  store(u"1");
 
   SaveLinkFile(platform, Guid(), u"/P/Gone");
-  EXPECT_EQ(Locate(u"R2"), "") << "the module is gone";
+  missing(u"Module '/P/Gone' not found.");
+  SaveLinkFile(platform, Guid(), u"/P/~");
+  missing(FormatResText(text::kFieldSeparatorInside, {u"/P/~"}));
+  RemoveFile(GetLinkFilePath(platform, Guid()));
+  missing(u"the package \"" + Package().Name() + u"\" is not linked to a DOORS module.");
 
   desktop.answer_to_questions = Answer::kYes;
   add_in.Plexa_Disconnect(repository, Guid());
   Messages();
-  EXPECT_EQ(Locate(u"R2"), "") << "the package is not linked";
+  missing(u"the package \"" + Package().Name() +
+          u"\" has no import options. Open them once, with \"Options\" in the menu of the linked package.");
 
   doors.SetPhase(standins::DoorsPhase::kNotRunning);
-  EXPECT_EQ(Locate(u"R2"), "") << "DOORS is not running and the user will not wait";
+  missing(u"there is no connection to DOORS.");
 }
 
-TEST_F(LocateTest, IsSilentWhenDoorsDoesNotFindTheObject) {
+TEST_F(LocateTest, SaysWhenDoorsDoesNotFindTheObject) {
   const orim::Element element = repository.ElementByID(ElementOf(u"R1"));
   const orim::TaggedValue number = element.TaggedValues().Find(u"Absolute Number");
   number.SetValue(u"99");
   number.Save();
   EXPECT_EQ(Locate(u"R1"), "/P/M Standard view 0");
+  EXPECT_EQ(LastLine(), u"Locate in DOORS: Object ID '99' not found in DOORS Module.");
 }
 
 }  // namespace
