@@ -21,7 +21,7 @@ namespace dxl_script {
 enum Id : int { kListModules = 101, kListViews = 102, kExportModule = 103, kLocateObject = 104 };
 }
 namespace sql_text {
-enum Id : int { kPackageContent = 101, kChildren = 102, kMemoTexts = 103 };
+enum Id : int { kPackageContent = 101, kChildren = 102, kMemoTexts = 103, kUnfinished = 104 };
 }
 
 Text LoadDxl(int id);

@@ -97,7 +97,8 @@ DoorsDoc::UsesById DoorsDoc::ResolveFields(const XmlNode& attributes) const {
     uses[found->second].push_back(use);
   };
   for (std::size_t c = 1; c < columns_.size(); ++c) {
-    if (columns_[c].Attribute == kFieldPosition) continue;
+    // Without the first attribute there is nothing for the second to be put behind.
+    if (columns_[c].Attribute == kFieldPosition || !ids.contains(columns_[c].Attribute)) continue;
     resolve(columns_[c].Attribute, {c, false});
     resolve(columns_[c].ExtraAttribute, {c, true});
   }

@@ -1,7 +1,10 @@
 // The linked package's present content, read through one query of the host.
 #pragma once
 
+#include <optional>
+#include <set>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "documents/DataTable.h"
 #include "documents/ImportColumn.h"
@@ -33,17 +36,30 @@ class OrimDoc {
   /// memo texts of all elements are asked for together, when the first is needed.
   Variant StoredValue(std::size_t row, std::size_t column);
 
-  /// The ids of the packages that the table covers, joined by commas.
-  Text PackageIds() const;
+  /// Whether the row's element lies in the trash package. The host is asked for all of them together, when the first
+  /// is needed.
+  bool IsArchived(std::size_t row);
+  /// Whether the row's element lies below one that is not in the table: its parent cell is "" nevertheless.
+  bool HasForeignParent(std::size_t row) const { return foreign_parents_.contains(row); }
+  /// Whether the row's element has the tagged value of that column more than once. The cell holds one of them.
+  bool IsDoubled(std::size_t row, std::size_t column) const { return doubled_.contains({row, column}); }
+  /// All of those, in order.
+  const std::set<std::pair<std::size_t, std::size_t>>& Doubled() const { return doubled_; }
 
  private:
-  using ColumnsByName = std::unordered_multimap<Text, std::size_t>;
+  using ColumnsByName = std::unordered_map<Text, std::size_t>;
 
   void FindElements(const QueryAnswer& answer);
   void FillRow(std::size_t row, const QueryAnswer::Row& source);
   void FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns);
-  Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) const;
+  Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source);
+  [[noreturn]] void ThrowForeignParent(std::int32_t element_id, std::int32_t parent_id) const;
+  /// The element, or nothing where there is none any more.
+  orim::Element TryToGet(std::int32_t element_id) const;
+  void RequireSoundParents();
   ColumnsByName TaggedValueColumns() const;
+  Text PackageIds() const;
+  const Text& MemoText(std::int32_t element_id, const Text& name);
   void LoadMemoTexts();
 
   orim::Repository repository_;
@@ -52,6 +68,10 @@ class OrimDoc {
   std::unordered_multimap<std::int32_t, std::size_t> rows_by_id_;  // two for an element with two identifiers
   std::unordered_map<std::int32_t, Text> identifier_by_id_;
   DataTable table_;
+  std::unordered_map<std::size_t, std::int32_t> foreign_parents_;  // the parent's id by row
+  std::set<std::pair<std::size_t, std::size_t>> doubled_;
+  std::int32_t trash_id_ = 0;  // 0: the package has no trash package
+  std::optional<std::unordered_set<std::int32_t>> archived_;
   bool has_memo_texts_ = false;
   std::unordered_map<std::int32_t, std::unordered_map<Text, Text>> memo_texts_;  // by element id and name
 };

@@ -6,8 +6,8 @@
 
 namespace kestrune {
 
-/// Adds the column of every rule that has a target, the fixed ones included, to both documents; returns how
+/// Adds the column of every rule that has a target and is used, the fixed ones included, to both documents; returns how
 /// many there were. Throws as ColumnOf does.
-int AddImportFields(const Options& options, OrimDoc& orim_doc, DoorsDoc& doors_doc);
+int AddImportFields(const LinkSettings& settings, OrimDoc& orim_doc, DoorsDoc& doors_doc);
 
 }  // namespace kestrune

@@ -1,7 +1,6 @@
 #include "import/ModuleRows.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 #include "common/Resources.h"
 
@@ -16,26 +15,31 @@ enum class Walk : char { kUnseen, kOnPath, kDone };
 }  // namespace
 
 ModuleRows::ModuleRows(const DataTable& module) {
-  std::unordered_map<Text, std::size_t> place;  // identifier to index in rows_
+  rows_.reserve(module.UpperRow());  // the rows stay where they are: place_ refers to their texts
+  place_.reserve(module.UpperRow());
   for (std::size_t row = 1; row <= module.UpperRow(); ++row) {
     const Text identifier = module.At(row, column::kIdentifier).ToText();
     if (identifier.empty()) {
       object_warnings_.push_back(FormatResText(text::kNoIdentifier, {module.At(row, column::kKey).ToText()}));
-    } else if (!place.emplace(identifier, rows_.size()).second) {
+    } else if (place_.contains(identifier)) {
       object_warnings_.push_back(FormatResText(text::kDoubledInModule, {identifier}));
     } else {
       rows_.push_back({row, identifier, module.At(row, column::kParent).ToText()});
+      place_.emplace(rows_.back().Identifier, rows_.size() - 1);
     }
   }
   std::vector<std::size_t> parent_of(rows_.size(), kNone);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const auto found = place.find(rows_[i].Parent);
-    if (found == place.end())
-      rows_[i].Parent.clear();
-    else
-      parent_of[i] = found->second;
+    parent_of[i] = Find(rows_[i].Parent).value_or(kNone);
+    if (parent_of[i] == kNone) rows_[i].Parent.clear();
   }
   CutCircles(parent_of);
+}
+
+std::optional<std::size_t> ModuleRows::Find(TextView identifier) const {
+  const auto found = place_.find(identifier);
+  if (found == place_.end()) return std::nullopt;
+  return found->second;
 }
 
 // Walks up from every row until a row that is known to lead

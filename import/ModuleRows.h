@@ -2,6 +2,9 @@
 // to the top.
 #pragma once
 
+#include <optional>
+#include <unordered_map>
+
 #include "documents/DataTable.h"
 
 namespace kestrune {
@@ -18,8 +21,12 @@ struct ModuleRow {
 class ModuleRows {
  public:
   explicit ModuleRows(const DataTable& module);
+  ModuleRows(const ModuleRows&) = delete;
+  ModuleRows& operator=(const ModuleRows&) = delete;
 
   const std::vector<ModuleRow>& All() const { return rows_; }  // in module order
+  /// The place in All() of the object with that identifier, if there is one.
+  std::optional<std::size_t> Find(TextView identifier) const;
   const std::vector<Text>& ObjectWarnings() const { return object_warnings_; }
   const std::vector<Text>& ParentWarnings() const { return parent_warnings_; }
 
@@ -27,6 +34,7 @@ class ModuleRows {
   void CutCircles(const std::vector<std::size_t>& parent_of);
 
   std::vector<ModuleRow> rows_;
+  std::unordered_map<TextView, std::size_t> place_;  // by the identifiers in rows_
   std::vector<Text> object_warnings_;
   std::vector<Text> parent_warnings_;
 };

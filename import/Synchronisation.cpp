@@ -9,6 +9,17 @@ namespace {
 constexpr const char16_t* kElementType = u"Requirement";
 constexpr std::uint32_t kDoubledKey = 0x800A01C9;  // automation's own number for a key that is there already
 
+Text Number(std::size_t number) {
+  return ToText(static_cast<long long>(number));
+}
+
+/// As much of it as the host takes for a name, no character cut in two.
+Text AsName(TextView identifier) {
+  if (identifier.size() <= orim::kLongestValue) return Text(identifier);
+  const bool ends_in_half = (identifier[orim::kLongestValue - 1] & 0xFC00) == 0xD800;
+  return Text(identifier.substr(0, orim::kLongestValue - (ends_in_half ? 1 : 0)));
+}
+
 }  // namespace
 
 Synchronisation::Synchronisation(orim::Repository repository, orim::Package package, const DataTable& module,
@@ -20,25 +31,28 @@ Synchronisation::Synchronisation(orim::Repository repository, orim::Package pack
       progress_(progress),
       objects_(module),
       index_(orim_doc.GetData()),
-      writer_(repository_, progress, orim_doc, index_) {}
+      writer_(repository_, progress, orim_doc, index_),
+      trash_phase_(repository_, package_, orim_doc, index_, progress),
+      unfinished_(repository_, package_),
+      name_column_(NameColumn()) {}
 
 SynchronisationResult Synchronisation::Run() {
-  FindOrMakeTrash();
+  const orim::Package trash = FindOrMakeTrash();
   IndexPackage();
-  ProcessTrash();
+  ProcessTrash(trash);
   SynchronizeDocuments();
   UpdateHierarchy();
-  result_.FailedFields = writer_.FailedFields();
-  return result_;
+  return CountUp();
 }
 
-void Synchronisation::FindOrMakeTrash() {
+orim::Package Synchronisation::FindOrMakeTrash() const {
   const Text name = LoadResText(text::kTrashCan);
   const auto packages = package_.Packages();
-  trash_ = packages.Find(name);
-  if (trash_) return;
-  trash_ = packages.AddNew(name, u"");
-  trash_.Save();
+  orim::Package trash = packages.Find(name);
+  if (trash) return trash;
+  trash = packages.AddNew(name, u"");
+  trash.Save();
+  return trash;
 }
 
 void Synchronisation::IndexPackage() {
@@ -50,22 +64,15 @@ void Synchronisation::IndexPackage() {
 }
 
 void Synchronisation::ThrowDoubled(const Text& identifier, std::size_t row, std::size_t other_row) const {
-  const std::int32_t id = index_.ElementIdOf(row);
-  const std::int32_t other_id = index_.ElementIdOf(other_row);
+  const orim::Element one = repository_.ElementByID(index_.ElementIdOf(other_row));
+  const orim::Element other = repository_.ElementByID(index_.ElementIdOf(row));
+  const auto package_of = [this](const orim::Element& element) {
+    return repository_.PackageByID(element.PackageID()).Name();
+  };
   throw AutomationError(kDoubledKey, u"Synchronisation",
                         FormatResText(text::kDoubledInPackage,
-                                      {identifier, repository_.ElementByID(other_id).Name(), ToText(other_id),
-                                       repository_.ElementByID(id).Name(), ToText(id)}));
-}
-
-// The package query does not say where an element lies; the
-// same query over the trash package alone does, for all.
-std::unordered_set<std::int32_t> Synchronisation::ElementsInTrash() const {
-  std::unordered_set<std::int32_t> ids;
-  const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {ToText(trash_.PackageID())});
-  const QueryAnswer answer(repository_, sql, {u"Object_ID"});
-  answer.ForEach([&](const QueryAnswer::Row& row) { ids.insert(row.GetNumber(0)); });
-  return ids;
+                                      {identifier, one.Name(), ToText(one.ElementID()), package_of(one),
+                                       other.Name(), ToText(other.ElementID()), package_of(other)}));
 }
 
 std::vector<bool> Synchronisation::MatchedRows() const {
@@ -75,89 +82,73 @@ std::vector<bool> Synchronisation::MatchedRows() const {
   return matched;
 }
 
-void Synchronisation::ProcessTrash() {
+void Synchronisation::ProcessTrash(const orim::Package& trash) {
   progress_.Progress(LoadResText(text::kProcessingTrash));
-  const auto matched = MatchedRows();
-  const auto in_trash = ElementsInTrash();
-  std::vector<std::int32_t> archive;
-  std::vector<std::int32_t> restore;
-  for (std::size_t row = 1; row < matched.size(); ++row) {
-    const std::int32_t id = index_.ElementIdOf(row);
-    const bool is_in_trash = in_trash.contains(id);
-    if (matched[row] && is_in_trash) restore.push_back(id);
-    if (matched[row] || is_in_trash) continue;
-    archive.push_back(id);
-    DetachChildren(id);
-  }
-  Restore(restore);
-  Archive(archive);
-}
-
-// The children stay in the package when their parent leaves
-// it; the hierarchy phase gives them their new parent.
-void Synchronisation::DetachChildren(std::int32_t element_id) {
-  const Text sql = FormatText(LoadSql(sql_text::kChildren), {ToText(element_id)});
-  const QueryAnswer answer(repository_, sql, {u"Object_ID"});
-  answer.ForEach([&](const QueryAnswer::Row& row) {
-    const orim::Element child = repository_.ElementByID(row.GetNumber(0));
-    child.SetParentID(0);
-    child.Save();
-  });
-}
-
-void Synchronisation::Restore(const std::vector<std::int32_t>& element_ids) {
-  for (const std::int32_t id : element_ids) MoveToPackage(id, package_.PackageID(), text::kItemRestored);
-  result_.Restored = element_ids.size();
-}
-
-void Synchronisation::Archive(const std::vector<std::int32_t>& element_ids) {
-  for (const std::int32_t id : element_ids) MoveToPackage(id, trash_.PackageID(), text::kItemArchived);
-  result_.Archived = element_ids.size();
-}
-
-void Synchronisation::MoveToPackage(std::int32_t element_id, std::int32_t package_id, int line_id) {
-  const orim::Element element = repository_.ElementByID(element_id);
-  element.SetPackageID(package_id);
-  ShowItem(line_id, element.Name());
-  element.Save();
+  trash_phase_.Run(trash, MatchedRows());
+  for (const std::size_t row : trash_phase_.Restored()) Mark(row, kRestored);
+  for (const std::size_t row : trash_phase_.StuckInTrash()) Mark(row, kFailed);
 }
 
 void Synchronisation::SynchronizeDocuments() {
   progress_.Progress(LoadResText(text::kSynchronizing));
-  ShowWarnings(objects_.ObjectWarnings());
+  for (const Text& warning : objects_.ObjectWarnings()) Warn(warning);
+  WarnOfDoubledValues();
+  std::size_t done = 0;
   for (const ModuleRow& object : objects_.All()) {
-    if (const auto row = index_.Find(object.Identifier))
-      UpdateElement(object, *row);
-    else
+    progress_.ProgressShare(done++, objects_.All().size());
+    const auto row = index_.Find(object.Identifier);
+    if (!row)
       CreateElement(object);
+    else if (!trash_phase_.StuckInTrash().contains(*row))
+      UpdateElement(object, *row);
   }
 }
 
-// An element that cannot be given its identifier would be nobody's at the next import, and in the way of
-// those below it: nothing may hang on it, and no more of its kind are made.
+void Synchronisation::WarnOfDoubledValues() {
+  for (const auto& [row, column] : orim_doc_.Doubled()) {
+    const orim::Element element = repository_.ElementByID(index_.ElementIdOf(row));
+    Warn(FormatResText(text::kTaggedValueTwice, {element.Name(), orim_doc_.Column(column).Name}));
+  }
+}
+
+// An element that cannot be given its identifier would be nobody's at the next import, and in the way of those below
+// it: nothing may hang on it, and no more of its kind are made.
 void Synchronisation::CreateElement(const ModuleRow& object) {
-  if (writer_.HasFailed(column::kIdentifier))
-    return ShowWarnings({FormatResText(text::kNotMade, {object.Identifier})});
-  orim::Element element = package_.Elements().AddNew(NewElementName(object), kElementType);
-  element.Save();
-  ShowItem(text::kItemNew, element.Name());
-  writer_.Write(element, index_.NextRow(), column::kIdentifier, object.Identifier);
-  if (writer_.HasFailed(column::kIdentifier)) return;
+  if (writer_.HasFailed(column::kIdentifier)) {
+    ++not_made_;
+    return Warn(FormatResText(text::kNotMade, {object.Identifier}));
+  }
+  orim::Element element = MakeElement(NewElementName(object));
+  const Text name = element.Name();
+  ShowItem(text::kItemNew, name);
+  if (!writer_.Write(element, index_.NextRow(), column::kIdentifier, object.Identifier, name)) {
+    ++not_made_;
+    return RemoveNameless(element);
+  }
+  WarnOfLongName(object);
   const std::size_t row = index_.AddCreated(object.Identifier, element.ElementID());
+  Mark(row, kMade);
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c)
-    writer_.Write(element, row, c, ModuleValue(object, c));
+    if (!writer_.Write(element, row, c, ModuleValue(object, c), name)) Mark(row, kFailed);
 }
 
-// The element is made under a name that the host takes; a
-// name that it refuses is then the failure of the field.
-Text Synchronisation::NewElementName(const ModuleRow& object) const {
-  for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
-    const ImportColumn& target = orim_doc_.Column(c);
-    if (target.Place != ImportColumn::Place::kElementField || target.Name != u"Name") continue;
-    const Text name = module_.At(object.Row, c).ToText();
-    if (!name.empty() && name.size() <= orim::kLongestValue) return name;
+orim::Element Synchronisation::MakeElement(const Text& name) {
+  if (const auto unfinished = unfinished_.Take(name)) return repository_.ElementByID(*unfinished);
+  const orim::Element element = package_.Elements().AddNew(name, kElementType);
+  element.Save();
+  return element;
+}
+
+void Synchronisation::RemoveNameless(const orim::Element& element) {
+  const std::int32_t id = element.ElementID();
+  try {
+    const auto elements = package_.Elements();
+    for (std::int32_t i = 0, count = elements.Count(); i < count; ++i)
+      if (elements.GetAt(i).ElementID() == id) return elements.DeleteAt(i, true);
+  } catch (const AutomationError& failure) {
+    if (error::IsConnectionLost(failure.Number)) throw;
   }
-  return object.Identifier;
+  Warn(FormatResText(text::kNotRemoved, {element.Name(), ToText(id)}));
 }
 
 void Synchronisation::UpdateElement(const ModuleRow& object, std::size_t row) {
@@ -166,42 +157,97 @@ void Synchronisation::UpdateElement(const ModuleRow& object, std::size_t row) {
     const Variant value = ModuleValue(object, c);
     if (value == orim_doc_.StoredValue(row, c)) continue;
     if (!element) element = repository_.ElementByID(index_.ElementIdOf(row));
-    writer_.Write(element, row, c, value);
+    if (c == name_column_) WarnOfLongName(object);
+    Mark(row, writer_.Write(element, row, c, value, ItemName(element, row)) ? kChanged : kFailed);
   }
-}
-
-Variant Synchronisation::ModuleValue(const ModuleRow& object, std::size_t column) const {
-  const Variant& value = module_.At(object.Row, column);
-  if (value.IsText() && IsRtf(value.AsText())) return RtfToNotes(repository_, value.AsText());
-  return value;
 }
 
 void Synchronisation::UpdateHierarchy() {
   progress_.Progress(LoadResText(text::kUpdatingHierarchy));
-  ShowWarnings(objects_.ParentWarnings());
-  for (const ModuleRow& object : objects_.All())
-    if (const auto row = index_.Find(object.Identifier)) UpdatePlace(object, *row);
+  for (const Text& warning : objects_.ParentWarnings()) Warn(warning);
+  HierarchyPhase phase(repository_, module_, objects_, orim_doc_, index_, trash_phase_.StuckInTrash(),
+                       writer_);
+  for (std::size_t n = 0; n < objects_.All().size(); ++n) {
+    progress_.ProgressShare(n, objects_.All().size());
+    const auto row = index_.Find(objects_.All()[n].Identifier);
+    if (!row || trash_phase_.StuckInTrash().contains(*row)) continue;
+    const auto place =
+        phase.Update(n, *row, [&](const orim::Element& element) { return ItemName(element, *row); });
+    if (place == HierarchyPhase::Place::kFailed) Mark(*row, kFailed);
+    if (place == HierarchyPhase::Place::kMoved) Mark(*row, kMoved);
+  }
 }
 
-void Synchronisation::UpdatePlace(const ModuleRow& object, std::size_t row) {
-  const bool is_created = index_.IsCreated(row);
-  const DataTable& elements = orim_doc_.GetData();
-  orim::Element element;
-  const auto update = [&](std::size_t column, const Variant& value) {
-    if (!is_created && value == elements.At(row, column)) return;
-    if (!element) element = repository_.ElementByID(index_.ElementIdOf(row));
-    writer_.Write(element, row, column, value);
-  };
-  update(column::kParent, object.Parent);
-  update(column::kPosition, module_.At(object.Row, column::kPosition));
+SynchronisationResult Synchronisation::CountUp() const {
+  SynchronisationResult result;
+  result.Archived = trash_phase_.Archived().size();
+  result.Restored = trash_phase_.Restored().size();
+  result.NotMade = result.Failed = not_made_;
+  result.FailedFields = writer_.FailedFields();
+  for (const ModuleRow& object : objects_.All()) {
+    const auto row = index_.Find(object.Identifier);
+    if (!row) continue;
+    const unsigned fate = *row < fates_.size() ? fates_[*row] : 0;
+    result.New += (fate & kMade) != 0;
+    result.Changed += (fate & kChanged) != 0;
+    result.Moved += (fate & kMoved) != 0 && (fate & kMade) == 0;
+    result.Failed += (fate & kFailed) != 0;
+    result.Unchanged += fate == 0;
+  }
+  return result;
+}
+
+void Synchronisation::Mark(std::size_t row, Fate fate) {
+  if (row >= fates_.size()) fates_.resize(row + 1);
+  fates_[row] = static_cast<unsigned char>(fates_[row] | fate);
+}
+
+std::size_t Synchronisation::NameColumn() const {
+  for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
+    const ImportColumn& target = orim_doc_.Column(c);
+    if (target.Place == ImportColumn::Place::kElementField && target.Name == u"Name") return c;
+  }
+  return 0;
+}
+
+Text Synchronisation::ItemName(const orim::Element& element, std::size_t row) const {
+  const bool is_known = name_column_ != 0 && !index_.IsCreated(row);
+  return is_known ? orim_doc_.GetData().At(row, name_column_).ToText() : element.Name();
+}
+
+Text Synchronisation::NewElementName(const ModuleRow& object) const {
+  return name_column_ == 0 ? AsName(object.Identifier) : ModuleValue(object, name_column_).ToText();
+}
+
+Variant Synchronisation::ModuleValue(const ModuleRow& object, std::size_t column) const {
+  if (column != name_column_) return Converted(object, column);
+  Text name = ModuleName(object);
+  const bool is_taken = !name.empty() && name.size() <= orim::kLongestValue;
+  return is_taken ? std::move(name) : AsName(object.Identifier);
+}
+
+Variant Synchronisation::Converted(const ModuleRow& object, std::size_t column) const {
+  const Variant& value = module_.At(object.Row, column);
+  return value.IsText() && IsRtf(value.AsText()) ? RtfToNotes(repository_, value.AsText()) : value;
+}
+
+Text Synchronisation::ModuleName(const ModuleRow& object) const {
+  return Converted(object, name_column_).ToText();
+}
+
+void Synchronisation::WarnOfLongName(const ModuleRow& object) {
+  if (name_column_ == 0) return;
+  const std::size_t length = ModuleName(object).size();
+  if (length > orim::kLongestValue)
+    Warn(FormatResText(text::kNameTooLong, {object.Identifier, Number(length)}));
 }
 
 void Synchronisation::ShowItem(int line_id, const Text& name) {
   progress_.Progress(u"   " + FormatResText(line_id, {name}));
 }
 
-void Synchronisation::ShowWarnings(const std::vector<Text>& warnings) {
-  for (const Text& warning : warnings) progress_.Progress(FormatResText(text::kWarningLine, {warning}));
+void Synchronisation::Warn(const Text& warning) {
+  progress_.Progress(FormatResText(text::kWarningLine, {warning}));
 }
 
 }  // namespace kestrune

@@ -5,6 +5,7 @@
 
 #include "common/LinkFile.h"
 #include "common/Utilities.h"
+#include "documents/OutputTab.h"
 #include "import/AddImportFields.h"
 #include "options/frmOptions.h"
 #include "platform/Files.h"
@@ -15,6 +16,12 @@ namespace {
 
 constexpr int kBadExportHelp = 6740;
 constexpr TextView kViewErrorPrefix = u"View '";
+constexpr std::uint64_t kLongPhaseMs = 1000;  // a shorter one needs no count
+constexpr std::uint64_t kSharePauseMs = 100;
+
+Text Number(std::size_t number) {
+  return ToText(static_cast<long long>(number));
+}
 
 [[noreturn]] void ThrowRefused(Text description) {
   throw AutomationError(error::kRefusedByDoors, u"frmImport", std::move(description));
@@ -38,11 +45,15 @@ void frmImport::Form_Load() {
   Label1.SetCaption(LoadResText(text::kDetails));
   cmdClose.SetCaption(LoadResText(text::kClose));
   cmdHelp.SetCaption(LoadResText(text::kHelp));
-  SetCaption(LoadResText(direction_ == kExport ? text::kExportProgress : text::kImportProgress));
+  SetCaption(PlainCaption());
   HelpContextID = 6340;
   ApplyStandardFont(*this);
   cmdClose.SetEnabled(false);
   Timer1.Interval = 100;
+}
+
+Text frmImport::PlainCaption() const {
+  return LoadResText(direction_ == kExport ? text::kExportProgress : text::kImportProgress);
 }
 
 void frmImport::Form_CloseBox() {
@@ -115,10 +126,17 @@ void frmImport::RequireFile(const Text& answer) const {
 void frmImport::LoadDocuments() {
   doors_doc_->Load(export_path_, *options_, doors_.platform(), repository_);
   if (direction_ == kImport) options_->Save();
-  RemoveFile(export_path_);
+  DeleteExport();
   desktop_.PumpMessages();
   Progress(LoadResText(text::kCheckingPackage));
   orim_doc_->Load();
+}
+
+// The file is DOORS' and has been read: that it cannot be deleted is no reason not to import it.
+void frmImport::DeleteExport() {
+  std::error_code failure;
+  std::filesystem::remove(ToPath(export_path_), failure);
+  if (failure) OutputTab(repository_).Write(FormatResText(text::kExportNotDeleted, {export_path_}));
 }
 
 void frmImport::CompareForExport(const DataTable& module, const OrimDoc& package) {
@@ -135,32 +153,64 @@ void frmImport::CompareForExport(const DataTable& module, const OrimDoc& package
 }
 
 void frmImport::Import(const orim::Package& package) {
-  const auto result = Synchronisation(repository_, package, doors_doc_->GetData(), *orim_doc_, *this).Run();
-  if (!result.FailedFields.empty()) OfferExclusion(result.FailedFields);
+  WarnOfRules();
+  result_ = Synchronisation(repository_, package, doors_doc_->GetData(), *orim_doc_, *this).Run();
+  SetCaption(PlainCaption());
+  ShowShortfalls();
+  OfferExclusion();
   Progress(LoadResText(text::kUpdatingUi));
   repository_.RefreshModelView(package.PackageID());
+  ShowCounts();
   Finish();
-  if (result.Archived > 0) ShowSummary(text::kArchivedSummary, result.Archived);
-  if (result.Restored > 0) ShowSummary(text::kRestoredSummary, result.Restored);
+  if (result_->Archived > 0) ShowSummary(text::kArchivedSummary, result_->Archived);
+  if (result_->Restored > 0) ShowSummary(text::kRestoredSummary, result_->Restored);
 }
 
-void frmImport::OfferExclusion(const std::vector<Text>& failed_fields) {
+void frmImport::WarnOfRules() {
+  for (const Text& lost : options_->LostRules) Warn(lost);
+  for (const UnusedRule& unused : options_->UnusedRules()) Warn(unused.Why);
+}
+
+void frmImport::ShowShortfalls() {
+  if (result_->NotMade > 0) Warn(FormatResText(text::kObjectsNotMade, {Number(result_->NotMade)}));
+  for (const FailedField& field : result_->FailedFields) {
+    const Text& name = orim_doc_->Column(field.Column).Name;
+    if (field.Skipped > 0) Warn(FormatResText(text::kFieldSkipped, {name, Number(field.Skipped)}));
+    if (field.Column < column::kFirstMapped) Warn(FormatResText(text::kNotExcludable, {name}));
+  }
+}
+
+void frmImport::Warn(const Text& warning) {
+  Progress(FormatResText(text::kWarningLine, {warning}));
+}
+
+void frmImport::OfferExclusion() {
   Text names;
-  for (const Text& field : failed_fields) names += (names.empty() ? u"" : u", ") + field;
+  for (const FailedField& field : result_->FailedFields)
+    if (field.Column >= column::kFirstMapped)
+      names += (names.empty() ? u"" : u", ") + orim_doc_->Column(field.Column).Name;
+  if (names.empty()) return;
   if (!AskYesNo(desktop_, FormatResText(text::kExcludeQuestion, {names}), Icon::kExclamation)) return;
-  for (const Text& field : failed_fields) ExcludeField(field);
+  for (const FailedField& field : result_->FailedFields)
+    if (field.Column >= column::kFirstMapped) ExcludeColumn(orim_doc_->Column(field.Column));
   options_->Save();
 }
 
-// A field failed under the name that it has in the host;
-// what is excluded is the attribute that was to fill it.
-void frmImport::ExcludeField(const Text& field) {
-  const auto fills_field = [&field](const MappingRule& rule) {
-    return rule.Target == target::kTaggedValue ? rule.Attribute == field : rule.Target == field;
-  };
-  const auto& rules = options_->Rules;
-  const auto rule = std::find_if(rules.begin() + Options::kFirstUserSlot, rules.end(), fills_field);
-  if (rule != rules.end()) options_->RemoveAttribute(Text(rule->Attribute));
+void frmImport::ExcludeColumn(const ImportColumn& column) {
+  std::vector<Text> attributes;
+  for (const MappingRule& rule : options_->UserRules()) {
+    if (rule.Target.empty()) continue;
+    const ImportColumn other = ColumnOf(rule);
+    if (other.Place == column.Place && other.Name == column.Name) attributes.push_back(rule.Attribute);
+  }
+  for (const Text& attribute : attributes) options_->RemoveAttribute(attribute);
+}
+
+void frmImport::ShowCounts() {
+  Progress(FormatResText(
+      text::kImportCounts,
+      {Number(result_->New), Number(result_->Changed), Number(result_->Moved), Number(result_->Archived),
+       Number(result_->Restored), Number(result_->Unchanged), Number(result_->Failed)}));
 }
 
 void frmImport::Finish() {
@@ -169,8 +219,7 @@ void frmImport::Finish() {
 }
 
 void frmImport::ShowSummary(int line_id, std::size_t count) {
-  ShowMessage(desktop_,
-              FormatResText(line_id, {ToText(static_cast<long long>(count)), LoadResText(text::kTrashCan)}),
+  ShowMessage(desktop_, FormatResText(line_id, {Number(count), LoadResText(text::kTrashCan)}),
               Icon::kInformation);
 }
 
@@ -203,6 +252,18 @@ void frmImport::Progress(const Text& msg) {
 
 void frmImport::ProgressModify(const Text& ID, const Text& Modification) {
   ShowLines(lines_.AddChange(ID, Modification));
+}
+
+void frmImport::ProgressShare(std::size_t done, std::size_t total) {
+  const std::uint64_t now = desktop_.Milliseconds();
+  if (done == 0) {
+    phase_began_ = now;
+    SetCaption(PlainCaption());
+  }
+  if (now < phase_began_ + kLongPhaseMs || now < share_shown_ + kSharePauseMs) return;
+  share_shown_ = now;
+  SetCaption(FormatResText(text::kImportShare, {PlainCaption(), Number(100 * done / total)}));
+  desktop_.PumpMessages();
 }
 
 void frmImport::ShowLines(std::size_t first_changed) {

@@ -25,6 +25,10 @@ class frmImport : public Form, public ImportProgress {
 
   void Progress(const Text& msg) override;
   void ProgressModify(const Text& ID, const Text& Modification) override;
+  void ProgressShare(std::size_t done, std::size_t total) override;
+
+  /// What an import did that has come to its end.
+  const std::optional<SynchronisationResult>& Result() const { return result_; }
 
   const ImportLines& Lines() const { return lines_; }
 
@@ -46,8 +50,14 @@ class frmImport : public Form, public ImportProgress {
   void LoadDocuments();
   void CompareForExport(const DataTable& module, const OrimDoc& package);
   void Import(const orim::Package& package);
-  void OfferExclusion(const std::vector<Text>& failed_fields);
-  void ExcludeField(const Text& field);
+  void DeleteExport();
+  void WarnOfRules();
+  void ShowShortfalls();
+  void OfferExclusion();
+  void ExcludeColumn(const ImportColumn& column);
+  void ShowCounts();
+  void Warn(const Text& warning);
+  Text PlainCaption() const;
   void Finish();
   void ShowSummary(int line_id, std::size_t count);
   void ShowLines(std::size_t first_changed);
@@ -60,6 +70,8 @@ class frmImport : public Form, public ImportProgress {
   std::int32_t direction_ = kImport;
   ImportLines lines_;
   Text export_path_;
+  std::uint64_t phase_began_ = 0, share_shown_ = 0;  // as Desktop::Milliseconds counts
+  std::optional<SynchronisationResult> result_;
   std::unique_ptr<Options> options_;
   std::unique_ptr<DoorsDoc> doors_doc_;
   std::unique_ptr<OrimDoc> orim_doc_;

@@ -41,6 +41,8 @@ class Desktop {
   /// Lets pending window messages run; timers may tick meanwhile.
   virtual void PumpMessages() = 0;
   virtual void SetWaitCursor(bool on) = 0;
+  /// The time since some moment in the past.
+  virtual std::uint64_t Milliseconds() = 0;
 
   /// Calls `visit` for each top-level window, in the system's order, until it returns false.
   virtual void EnumTop(const std::function<bool(WindowHandle)>& visit) = 0;

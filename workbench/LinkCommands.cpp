@@ -56,21 +56,29 @@ Text TextFile(const std::string& path) {
   return WidenLineFeeds(FromUtf8(ReadFile(FromUtf8(path))));
 }
 
-/// Runs the transfer to its end and closes the window; true when it completed.
-bool RunTransfer(Machine& machine, int item_id) {
-  bool completed = false;
+/// Runs the transfer to its end and closes the window. Throws CommandError when it did not complete, or left the package
+/// out of line with the module.
+void RunTransfer(Machine& machine, int item_id) {
+  bool has_completed = false;
+  std::optional<SynchronisationResult> result;
   machine.Desktop().UseForm<frmImport>([&](frmImport& form) {
     while (form.IsOpen()) {
       machine.Desktop().Tick();
       if (!form.cmdClose.Enabled()) continue;
-      completed = form.List1.SelectedText() == LoadResText(text::kImportComplete);
+      has_completed = form.List1.SelectedText() == LoadResText(text::kImportComplete);
+      result = form.Result();
       form.cmdClose.Press();
     }
   });
   machine.Desktop().UseForm<frmOptions>([](frmOptions& form) { form.cmdOK.Press(); });
   ImportPrinter::PrintImports(machine.Desktop());
   machine.Host().Send(LoadResText(item_id));
-  return completed;
+  if (!has_completed) throw CommandError(u"The import did not complete.");
+  if (result && !result->IsComplete()) {
+    throw CommandError(u"The package is not in line with the module: " +
+                       ToText(static_cast<long long>(result->Failed)) +
+                       u" object(s) could not be imported, or not as a whole. The lines above say why.");
+  }
 }
 
 }  // namespace
@@ -125,7 +133,7 @@ void EditOptions(const Settings& settings, const std::string& view, const std::s
 
 void Transfer(const Settings& settings, int item_id, const Terminal& terminal) {
   Machine machine(settings, terminal);
-  if (!RunTransfer(machine, item_id)) throw CommandError(u"The import did not complete.");
+  RunTransfer(machine, item_id);
 }
 
 void Locate(const Settings& settings, const std::string& element, const Terminal& terminal) {

@@ -13,10 +13,20 @@ namespace kestrune::workbench {
 
 namespace {
 
-std::optional<Answer> FixedAnswer(const Settings& settings) {
-  if (settings.yes) return Answer::kYes;
-  if (settings.no) return Answer::kNo;
-  return std::nullopt;
+/// Whether the import asks for rules to go for good, which a failure that has passed tomorrow is no reason for.
+bool IsExclusionQuestion(const Message& message) {
+  const Text question = FormatResText(text::kExcludeQuestion);
+  return message.Body.starts_with(question.substr(0, question.find(u"%s")));
+}
+
+ConsoleDesktop::Answers AnswersOf(const Settings& settings) {
+  return [settings](const Message& message) -> std::optional<Answer> {
+    if (!settings.yes && !settings.no && !settings.exclude) return std::nullopt;
+    if (IsExclusionQuestion(message)) return settings.exclude ? Answer::kYes : Answer::kNo;
+    if (settings.yes) return Answer::kYes;
+    if (settings.no) return Answer::kNo;
+    return std::nullopt;
+  };
 }
 
 }  // namespace
@@ -53,7 +63,7 @@ Text DoorsMachine::RunAddInScript(int id, const Text& parameter) {
 
 Machine::Machine(const Settings& settings, const Terminal& terminal)
     : Machine(settings, std::make_unique<ConsoleDesktop>(terminal.in, terminal.out, terminal.err,
-                                                         FixedAnswer(settings))) {}
+                                                         AnswersOf(settings))) {}
 
 Machine::Machine(const Settings& settings, std::unique_ptr<ConsoleDesktop> desktop)
     : desktop_(std::move(desktop)),

@@ -26,6 +26,7 @@ struct Settings {
   std::string package;
   bool yes = false;
   bool no = false;
+  bool exclude = false;  // what failed from future imports
 };
 
 /// The folder for the user's data where none is named: the platform's.

@@ -20,7 +20,7 @@ void PrintTree(const Settings& settings, const Terminal& terminal) {
 
 void ListLinkedPackages(const Settings& settings, const Terminal& terminal) {
   OrimModel model = OpenModel(settings);
-  ConsoleDesktop desktop(terminal.in, terminal.out, terminal.err, std::nullopt);
+  ConsoleDesktop desktop(terminal.in, terminal.out, terminal.err);
   const FixedFolders folders(FromUtf8(settings.data));
   struct NoObjects : ObjectFactory {
     Object Create(TextView prog_id) override {

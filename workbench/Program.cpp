@@ -125,7 +125,10 @@ class CommandLine {
 
   void AddTransferCommands() {
     AddInCommand("import", "Bring the package into line with its module",
-                 [this] { Transfer(settings_, text::kMenuImport, terminal_); });
+                 [this] { Transfer(settings_, text::kMenuImport, terminal_); })
+        ->add_flag(
+            "--exclude", settings_.exclude,
+            "Drop the rules whose attributes could not be imported, which neither --yes nor --no does");
     AddInCommand("export-check", "List the elements that the module lacks",
                  [this] { Transfer(settings_, text::kMenuExport, terminal_); });
     AddInCommand("locate", "Show an element's object in DOORS",

@@ -13,6 +13,7 @@ class Win32Desktop : public Desktop {
   std::optional<Text> AskText(const Text& title, const Text& prompt) override;
   void PumpMessages() override;
   void SetWaitCursor(bool on) override;
+  std::uint64_t Milliseconds() override { return GetTickCount64(); }
 
   void EnumTop(const std::function<bool(WindowHandle)>& visit) override;
   Text ClassOf(WindowHandle window) override;

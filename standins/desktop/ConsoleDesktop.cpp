@@ -33,7 +33,8 @@ void ConsoleDesktop::Print(const Message& message) {
 Answer ConsoleDesktop::AnswerTo(const Message& message) {
   Print(message);
   if (message.Buttons == Buttons::kOk) return Answer::kOk;
-  if (fixed_answer_) return *fixed_answer_;
+  if (answers_)
+    if (const auto answer = answers_(message)) return *answer;
   while (const auto entry = TextFor(message.Title, u"Yes or No?")) {
     const Text word = AsciiLower(Trim(*entry));
     if (word == u"y" || word == u"yes") return Answer::kYes;

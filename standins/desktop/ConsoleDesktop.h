@@ -14,10 +14,13 @@ std::string ForTerminal(TextView text);
 
 class ConsoleDesktop : public HeadlessDesktop {
  public:
-  /// Without a fixed answer every question is asked, until the answer is y, yes, n or no in any case; the end
-  /// of the input is No.
-  ConsoleDesktop(std::istream& in, std::ostream& out, std::ostream& err, std::optional<Answer> fixed_answer)
-      : in_(in), out_(out), err_(err), fixed_answer_(fixed_answer) {}
+  /// The answer to a question; nothing where the user is to be asked.
+  using Answers = std::function<std::optional<Answer>(const Message&)>;
+
+  /// A question that has no answer is asked, until the answer is y, yes, n or no in any case; the end of the input is
+  /// No.
+  ConsoleDesktop(std::istream& in, std::ostream& out, std::ostream& err, Answers answers = {})
+      : in_(in), out_(out), err_(err), answers_(std::move(answers)) {}
 
   /// Has forms of this class used from now on by `use`, which must close them. A form that nobody uses is
   /// closed at once.
@@ -72,7 +75,7 @@ class ConsoleDesktop : public HeadlessDesktop {
   std::istream& in_;
   std::ostream& out_;
   std::ostream& err_;
-  std::optional<Answer> fixed_answer_;
+  Answers answers_;
   std::vector<std::function<bool(Form&)>> users_;
   std::function<std::unique_ptr<Printer>(Form&)> make_printer_;
   std::vector<Printer*> printers_;  // of the open forms that are printed

@@ -25,6 +25,7 @@ class HeadlessDesktop : public Desktop {
   std::optional<Text> AskText(const Text& title, const Text& prompt) final;
   void PumpMessages() override { Tick(); }
   void SetWaitCursor(bool on) override { wait_cursor_ = on; }
+  std::uint64_t Milliseconds() override { return milliseconds_ += milliseconds_per_look_; }
 
   void EnumTop(const std::function<bool(WindowHandle)>& visit) override;
   Text ClassOf(WindowHandle window) override { return WindowAt(window).ClassName; }
@@ -48,6 +49,9 @@ class HeadlessDesktop : public Desktop {
   WindowHandle AddWindow(SimulatedWindow window);
   SimulatedWindow& WindowAt(WindowHandle window) { return windows_.at(window - 1); }
 
+  /// The clock goes on by as much at every look; it stands still by default.
+  void SetMillisecondsPerLook(std::uint64_t milliseconds) { milliseconds_per_look_ = milliseconds; }
+
   bool WaitCursor() const { return wait_cursor_; }
   const Text& HelpFile() const { return help_file_; }
   int MessagesShown() const { return messages_shown_; }
@@ -69,6 +73,7 @@ class HeadlessDesktop : public Desktop {
   WindowHandle foreground_ = 0;
   int messages_shown_ = 0;
   bool wait_cursor_ = false;
+  std::uint64_t milliseconds_ = 0, milliseconds_per_look_ = 0;
   Text clipboard_;
   Text help_file_;
   std::vector<int> help_shown_;

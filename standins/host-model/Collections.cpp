@@ -1,6 +1,7 @@
 #include "standins/host-model/Collections.h"
 
 #include "standins/host-model/ElementObject.h"
+#include "standins/host-model/ElementTable.h"
 #include "standins/host-model/Guid.h"
 #include "standins/host-model/PackageObject.h"
 #include "standins/host-model/TaggedValueObject.h"
@@ -18,10 +19,6 @@ std::vector<std::int32_t> AllOf(Statement rows) {
 std::optional<std::int32_t> FirstOf(Statement rows) {
   if (!rows.Step()) return std::nullopt;
   return rows.Int(0);
-}
-
-[[noreturn]] void RefuseDeletion(const Text& collection) {
-  RefuseByHost(collection + u".DeleteAt is not supported by this stand-in");
 }
 
 }  // namespace
@@ -52,7 +49,7 @@ Object PackageCollection::AddNew(Text name, const Variant& type) {
 }
 
 void PackageCollection::Delete(std::int32_t) {
-  RefuseDeletion(kClassName);
+  RefuseByHost(u"The deletion of packages is not supported by this stand-in");
 }
 
 std::vector<std::int32_t> ElementCollection::List() {
@@ -86,8 +83,9 @@ Object ElementCollection::AddNew(Text name, const Variant& type) {
   return std::make_shared<ElementObject>(host_, std::move(row))->AsObject();
 }
 
-void ElementCollection::Delete(std::int32_t) {
-  RefuseDeletion(kClassName);
+void ElementCollection::Delete(std::int32_t id) {
+  DeleteElement(host_->Model, id);
+  host_->Counters.CountWrite();
 }
 
 std::vector<std::int32_t> TaggedValueCollection::List() {

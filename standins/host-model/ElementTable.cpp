@@ -125,6 +125,14 @@ void SaveElement(Database& model, ElementRow& row) {
   if (row.Id == 0) row.Id = static_cast<std::int32_t>(model.LastInsertId());
 }
 
+void DeleteElement(Database& model, std::int32_t id) {
+  Transaction transaction(model);
+  OpenElement(model, id);
+  model.Prepare("DELETE FROM t_objectproperties WHERE Object_ID = ?", id).Run();
+  model.Prepare("DELETE FROM t_object WHERE Object_ID = ?", id).Run();
+  transaction.Commit();
+}
+
 void RefuseUnlessOpen(Database& model, std::int32_t element_id) {
   OpenElement(model, element_id);
 }

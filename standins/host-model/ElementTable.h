@@ -46,6 +46,10 @@ std::optional<ElementRow> FindElement(Database& model, std::int32_t id);
 /// circle of parents.
 void SaveElement(Database& model, ElementRow& row);
 
+/// Deletes an element with its tagged values; elements below it keep referring to it. Throws AutomationError when it is
+/// missing or locked.
+void DeleteElement(Database& model, std::int32_t id);
+
 /// Throws AutomationError when the element does not exist, is locked, or lies in a locked package.
 void RefuseUnlessOpen(Database& model, std::int32_t element_id);
 

@@ -5,7 +5,7 @@
 namespace kestrune::play {
 
 PlayDesktop::PlayDesktop(std::istream& in, std::ostream& out, std::ostream& err)
-    : standins::ConsoleDesktop(in, out, err, std::nullopt) {
+    : standins::ConsoleDesktop(in, out, err) {
   UseForm<Form>([this](Form& form) {
     FormDialog dialog(form, *this);
     if (player_) player_->Use(dialog);

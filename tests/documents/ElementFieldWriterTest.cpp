@@ -12,6 +12,7 @@ struct RecordedProgress : ImportProgress {
   void ProgressModify(const Text& ID, const Text& Modification) override {
     lines.push_back(ID + u" | " + Modification);
   }
+  void ProgressShare(std::size_t, std::size_t) override {}
   std::vector<Text> lines;
 };
 
@@ -42,7 +43,7 @@ struct FieldWriterTest : ::testing::Test, TestHost {
 TEST_F(FieldWriterTest, EveryElementFieldIsSaved) {
   for (std::size_t i = 0; i < std::size(kFields); ++i) {
     const Text value = Text(u"new ") + kFields[i];
-    writer.Write(element, 1, kTag + 1 + i, value);
+    EXPECT_TRUE(writer.Write(element, 1, kTag + 1 + i, value, u"First"));
     EXPECT_EQ(Fresh().Field(kFields[i]), value);
   }
   EXPECT_TRUE(writer.FailedFields().empty());
@@ -61,7 +62,7 @@ TEST_F(FieldWriterTest, ATaggedValueTakes255CharactersAndMoreAsAMemo) {
                {"the literal", u"<memo>", true},
                {"emptied", u"", false}};
   for (const auto& each : cases) {
-    writer.Write(element, 1, kTag, each.value);
+    writer.Write(element, 1, kTag, each.value, u"First");
     EXPECT_EQ(Rationale().Value(), each.is_memo ? u"<memo>" : each.value) << each.name;
     EXPECT_EQ(Rationale().Notes(), each.is_memo ? each.value : u"") << each.name;
     EXPECT_EQ(Fresh().TaggedValues().Count(), 2) << each.name;
@@ -69,11 +70,11 @@ TEST_F(FieldWriterTest, ATaggedValueTakes255CharactersAndMoreAsAMemo) {
 }
 
 TEST_F(FieldWriterTest, NotesThatAUserKeptBesideAShortValueStay) {
-  writer.Write(element, 1, kTag, u"one");
+  writer.Write(element, 1, kTag, u"one", u"First");
   const orim::TaggedValue kept = Rationale();
   kept.SetNotes(u"mine");
   kept.Save();
-  writer.Write(element, 1, kTag, u"two");
+  writer.Write(element, 1, kTag, u"two", u"First");
   EXPECT_EQ(Rationale().Notes(), u"mine");
 }
 
@@ -86,9 +87,12 @@ TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
     const std::size_t status = kTag + 3;
     for (const char16_t* value : {u"one", u"two"}) {
       orim::Element one = Fresh();
-      for (const std::size_t column : {status, kTag, kTag + 2}) fresh.Write(one, 1, column, value);
+      for (const std::size_t column : {status, kTag, kTag + 2}) fresh.Write(one, 1, column, value, u"First");
     }
-    EXPECT_EQ(fresh.FailedFields(), (std::vector<Text>{u"Status", u"Rationale"}));
+    ASSERT_EQ(fresh.FailedFields().size(), 2u);
+    EXPECT_EQ(fresh.FailedFields()[0].Column, status);
+    EXPECT_EQ(fresh.FailedFields()[1].Column, kTag);
+    EXPECT_EQ(fresh.FailedFields()[1].Skipped, 1u);
     EXPECT_EQ(std::count(progress.lines.begin(), progress.lines.end(), u"ERROR: The host says no"), 2);
     EXPECT_EQ(Fresh().Field(u"Status"), u"");
     EXPECT_EQ(Fresh().Field(u"Alias"), u"two");

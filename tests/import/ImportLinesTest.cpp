@@ -1,7 +1,7 @@
-#include "import/ImportLines.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
+
+#include "import/ImportLines.h"
 
 namespace kestrune {
 namespace {

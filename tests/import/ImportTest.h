@@ -68,6 +68,10 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
     return model.Counters().Writes();
   }
 
+  static bool HasLine(const std::vector<Text>& lines, const Text& line) {
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+  }
+
   /// What the next import must ask or say, in this order.
   void NextMessage(Text body, Answer answer = Answer::kOk) {
     expected_.emplace_back(std::move(body), answer);
@@ -95,11 +99,28 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
     return {};
   }
 
+  orim::Package MakePackage(const Text& name) const {
+    const orim::Package made = Package().Packages().AddNew(name, u"");
+    made.Save();
+    return made;
+  }
+  void MoveTo(const orim::Element& element, const orim::Package& package) const {
+    const orim::Element moved = repository.ElementByID(element.ElementID());
+    moved.SetPackageID(package.PackageID());
+    moved.Save();
+  }
+  orim::Package Trash() const { return Package().Packages().Find(u"Trash Can"); }
+
   std::shared_ptr<SimulatedDoors> application = std::make_shared<SimulatedDoors>(folder.File(u"DP1"));
   Doors doors{platform};
 
  private:
   std::vector<std::pair<Text, Answer>> expected_;
 };
+
+/// An object whose heading is "n" and its identifier.
+inline ExportedObject Exported(const Text& identifier, const Text& parent = u"", const Text& mood = u"calm") {
+  return {{"a0", u"7"}, {"a1", identifier}, {"a9", u"n" + identifier}, {"a10", parent}, {"a12", mood}};
+}
 
 }  // namespace kestrune::testing

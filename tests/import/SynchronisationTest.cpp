@@ -3,9 +3,9 @@
 namespace kestrune {
 namespace {
 
-using standins::HostFaults;
 using testing::ImportFixture;
 
+using testing::Exported;
 using testing::ExportedObject;
 
 struct SynchronisationTest : ImportFixture {
@@ -15,15 +15,6 @@ struct SynchronisationTest : ImportFixture {
     return mood ? mood.Value() : u"(none)";
   }
 };
-
-/// Its heading is "n" and the identifier.
-ExportedObject Exported(const Text& identifier, const Text& parent = u"", const Text& mood = u"calm") {
-  return {{"a0", u"7"}, {"a1", identifier}, {"a9", u"n" + identifier}, {"a10", parent}, {"a12", mood}};
-}
-
-bool HasLine(const std::vector<Text>& lines, const Text& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
 
 TEST_F(SynchronisationTest, ParentAndChildMayChangePlaces) {
   application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
@@ -75,19 +66,22 @@ TEST_F(SynchronisationTest, OnlyWhatDiffersIsWrittenAndShown) {
 TEST_F(SynchronisationTest, TwoElementsWithOneIdentifierEndTheImportBeforeAnythingChanges) {
   const auto first = AddElement(u"First", {{u"Object Identifier", u"A"}});
   const auto second = AddElement(u"Second", {{u"Object Identifier", u"A"}});
+  MoveTo(second, MakePackage(u"Trash Can"));
   application->Objects = {Exported(u"B")};
   NextMessage(u"The Object Identifier 'A' is carried by two elements, 'First' (id " +
-              ToText(first.ElementID()) + u") and 'Second' (id " + ToText(second.ElementID()) +
-              u"). Remove the tagged value from one of them and import again.\r\n(Error Code: -2146827831)");
+              ToText(first.ElementID()) + u", in the package 'Requirements') and 'Second' (id " +
+              ToText(second.ElementID()) +
+              u", in the package 'Trash Can'). Remove the tagged value from one of them and import "
+              u"again.\r\n(Error Code: -2146827831)");
   Import();
-  EXPECT_EQ(Tree(), "[A] First\n[A] Second\nTrash Can\n");
+  EXPECT_EQ(Tree(), "[A] First\nTrash Can\n  [A] Second\n");
 }
 
 TEST_F(SynchronisationTest, AnElementWithTwoIdentifiersEndsTheImportToo) {
   const auto element = AddElement(u"Both", {{u"Object Identifier", u"A"}});
   element.TaggedValues().AddNew(u"Object Identifier", u"B").Save();
   application->Objects = {Exported(u"A")};
-  const Text both = u"'Both' (id " + ToText(element.ElementID()) + u")";
+  const Text both = u"'Both' (id " + ToText(element.ElementID()) + u", in the package 'Requirements')";
   NextMessage(u"The Object Identifier 'B' is carried by two elements, " + both + u" and " + both +
               u". Remove the tagged value from one of them and import again.\r\n(Error Code: -2146827831)");
   Import();
@@ -99,18 +93,6 @@ TEST_F(SynchronisationTest, ATaggedValueMayFillTwoColumns) {
   application->Objects = {Exported(u"A")};
   Import();
   EXPECT_EQ(WritesOfAnImport(), 0);
-}
-
-TEST_F(SynchronisationTest, AfterAnIdentifierThatWasRefusedNoMoreElementsAreMade) {
-  application->Objects = {Exported(u"A"), Exported(u"B"), Exported(u"C")};
-  model.Faults().FailTaggedValue(u"Object Identifier", HostFaults::Moment::kSave,
-                                 {0x80040300, u"Orim", u"no"});
-  NextMessage(FormatResText(text::kExcludeQuestion, {u"Object Identifier"}), Answer::kNo);
-  const auto lines = Import();
-  EXPECT_TRUE(HasLine(lines, u"ERROR: no"));
-  for (const char16_t* identifier : {u"B", u"C"})
-    EXPECT_TRUE(HasLine(lines, Text(u"Warning: No element was made for '") + identifier +
-                                   u"': its Object Identifier could not be stored."));
 }
 
 TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
@@ -148,39 +130,78 @@ TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
   }
 }
 
-Text ExcludeQuestion(const Text& fields) {
-  return u"There was an error importing the following attribute(s): \r\n\r\n   " + fields +
-         u"\r\n\r\nExclude them from future imports?\r\n";
-}
-
-TEST_F(SynchronisationTest, AFailedAttributeMayBeExcluded) {
-  StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)", u"Created By --> Status"});
-  const AutomationError refusal(0x80004005, u"host", u"no");
-  model.Faults().FailTaggedValue(u"Mood", HostFaults::Moment::kSave, refusal);
-  model.Faults().FailElementField(u"Status", HostFaults::Moment::kSave, refusal);
-  for (const Text identifier : {u"A", u"B"}) {
-    application->Objects.push_back(Exported(identifier));
-    application->Objects.back().push_back({"a6", u"Ann"});
-  }
-  NextMessage(ExcludeQuestion(u"Status, Mood"), Answer::kNo);
+TEST_F(SynchronisationTest, ANameThatTheHostDoesNotTakeIsTheIdentifierAndStaysIt) {
+  application->Objects = {{{"a1", u"A"}, {"a9", Text(256, u'x')}, {"a12", u"calm"}},
+                          {{"a1", u"B"}},
+                          {{"a1", u"C"}, {"a9", Text(255, u'x')}},
+                          {{"a1", u"D"}, {"a9", u"{\\rtf1\\ansi plain\\par}"}}};
   const auto lines = Import();
-  EXPECT_EQ(std::count(lines.begin(), lines.end(), u"ERROR: no"), 2) << "each is tried once";
-  NextMessage(ExcludeQuestion(u"Status, Mood"), Answer::kYes);
-  Import();
-  Options options(doors);
-  ASSERT_TRUE(options.Load(Package()));
-  EXPECT_EQ(options.FindAttribute(u"Mood"), 0u);
-  EXPECT_EQ(options.FindAttribute(u"Created By"), 0u);
-  EXPECT_NE(options.FindAttribute(u"Object Heading"), 0u);
-  Import();
+  EXPECT_EQ(Tree(), "[A] A\n[B] B\n[C] " + std::string(255, 'x') + "\n[D] plain\nTrash Can\n");
+  EXPECT_TRUE(
+      HasLine(lines,
+              u"Warning: The name of 'A' has 256 characters, of which the host takes 255. The element "
+              u"is named after its Object Identifier."));
+  EXPECT_TRUE(HasLine(lines, u"   plain: New")) << "not its rich text";
+  EXPECT_EQ(MoodOf(u"A"), u"calm");
+  EXPECT_EQ(WritesOfAnImport(), 0);
 }
 
-TEST_F(SynchronisationTest, ANameThatTheHostRefusesIsTheFailureOfItsField) {
-  application->Objects = {{{"a1", u"A"}, {"a9", Text(300, u'x')}, {"a12", u"calm"}}};
-  NextMessage(ExcludeQuestion(u"Name"), Answer::kNo);
+TEST_F(SynchronisationTest, ParentAndChildMayChangePlacesWhereTheChildComesFirst) {
+  const struct {
+    std::vector<ExportedObject> before, after;
+    const char* tree;
+  } cases[] = {
+      {{Exported(u"A"), Exported(u"B", u"A")}, {Exported(u"A", u"B"), Exported(u"B")}, "[B] nB\n  [A] nA\n"},
+      {{Exported(u"E"), Exported(u"X", u"E"), Exported(u"P", u"X")},
+       {Exported(u"E", u"P"), Exported(u"X", u"E"), Exported(u"P")},
+       "[P] nP\n  [E] nE\n    [X] nX\n"},
+      {{Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B"), Exported(u"D", u"C")},
+       {Exported(u"A", u"D"), Exported(u"B", u"C"), Exported(u"C", u"D"), Exported(u"D")},
+       "[D] nD\n  [A] nA\n  [C] nC\n    [B] nB\n"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.tree);
+    package_id = model.AddPackage(0, u"Another");
+    model.SelectPackage(package_id);
+    SaveLinkFile(platform, Guid(), u"/P/M");
+    StoreRules({u"Object Heading --> Name"});
+    application->Objects = each.before;
+    Import();
+    application->Objects = each.after;
+    Import();
+    EXPECT_EQ(Tree(), std::string(each.tree) + "Trash Can\n");
+    EXPECT_EQ(WritesOfAnImport(), 0);
+  }
+}
+
+TEST_F(SynchronisationTest, ChangesOfAnElementStayOneGroupWhenItsNameIsAmongThem) {
+  StoreRules({u"Object Heading --> Name", u"Object Text --> Notes"});
+  application->Objects = {Exported(u"A"), {{"a1", u"B"}, {"a9", u"old"}, {"a4", u"text"}}};
   Import();
-  EXPECT_EQ(Tree(), "[A] A\nTrash Can\n");
-  EXPECT_EQ(MoodOf(u"A"), u"calm");
+  application->Objects = {{{"a1", u"B"}, {"a9", u"new"}, {"a4", u"other"}}, Exported(u"A")};
+  const auto lines = Import();
+  const auto head = std::find(lines.begin(), lines.end(), u"   old:");
+  ASSERT_NE(head, lines.end());
+  EXPECT_EQ(std::vector<Text>(head, head + 3),
+            (std::vector<Text>{u"   old:", u"    ... Name: old --> new", u"    ... Notes: text --> other"}));
+  EXPECT_TRUE(HasLine(lines, u"   nA: ... Position: 10 --> 20"));
+}
+
+TEST_F(SynchronisationTest, ALongIdentifierIsKnownAgain) {
+  const Text identifier = u"R" + Text(300, u'1');
+  application->Objects = {Exported(identifier), Exported(u"B", identifier)};
+  Import();
+  EXPECT_EQ(WritesOfAnImport(), 0);
+  EXPECT_EQ(model.Tree(package_id).size(), 3u) << "two elements and the trash package";
+}
+
+TEST_F(SynchronisationTest, ACombinedRuleWithoutItsFirstAttributeLeavesTheValueEmpty) {
+  StoreRules({u"Gone [: Mood] --> Alias"});
+  application->Objects = {Exported(u"A")};
+  EXPECT_TRUE(HasLine(Import(),
+                      u"Warning: It has no attribute \"Gone\" any more: the rule \"Gone [: Mood] --> Alias\" "
+                      u"was dropped."));
+  EXPECT_EQ(ElementOf(u"A").Field(u"Alias"), u"");
 }
 
 }  // namespace

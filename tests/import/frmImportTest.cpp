@@ -15,9 +15,61 @@ TEST_F(ImportWindowTest, ShowsEveryStepOfAnImport) {
             (std::vector<Text>{u"Connecting to DOORS", u"Checking contents of DOORS module",
                                u"Checking Orim package contents", u"Comparing...", u"Processing Trash...",
                                u"Synchronizing documents...", u"   Scope: New", u"Updating Hierarchy...",
-                               u"Updating Orim UI", u"*** Import Complete ***"}));
+                               u"Updating Orim UI",
+                               u"1 new, 0 changed, 0 moved, 0 archived, 0 restored, 0 unchanged, 0 failed",
+                               u"*** Import Complete ***"}));
   EXPECT_FALSE(IsFile(folder.File(u"DP1"))) << "the export file is deleted";
   EXPECT_EQ(model.RefreshedPackages(), std::vector<std::int32_t>{package_id});
+}
+
+TEST_F(ImportWindowTest, CountsWhatItDid) {
+  const auto object = [](const Text& identifier, const Text& heading) {
+    return testing::ExportedObject{{"a1", identifier}, {"a9", heading}};
+  };
+  application->Objects = {object(u"A", u"a"), object(u"B", u"b"), object(u"C", u"c"), object(u"D", u"d")};
+  Import();
+  application->Objects = {object(u"D", u"d"), object(u"B", u"other"), object(u"C", u"c"), object(u"E", u"e")};
+  NextMessage(
+      u"1 item(s) no longer appear in the DOORS module and their corresponding Orim entries\r\nhave been "
+      u"moved to the 'Trash Can' package.");
+  EXPECT_TRUE(HasLine(Import(), u"1 new, 1 changed, 1 moved, 1 archived, 0 restored, 1 unchanged, 0 failed"));
+}
+
+TEST_F(ImportWindowTest, ALongPhaseShowsHowFarItIs) {
+  for (int i = 0; i < 40; ++i) application->Objects.push_back({{"a1", ToText(i)}});
+  desktop.SetMillisecondsPerLook(40);
+  std::vector<Text> captions;
+  frmImport form(doors);
+  desktop.OnForm<frmImport>([&](frmImport& opened) {
+    struct Watch : Timer {
+      using Timer::Timer;
+    } watch(&opened, u"watch");
+    watch.Tick = [&] { captions.push_back(opened.Caption); };
+    desktop.Tick();
+    EXPECT_EQ(opened.Caption, u"Import Progress");
+    opened.cmdClose.Press();
+  });
+  form.Transfer(repository, frmImport::kImport);
+  EXPECT_NE(std::ranges::find(captions, Text(u"Import Progress (62 %)")), captions.end());
+}
+
+TEST_F(ImportWindowTest, ARuleThatNamesNoFieldEndsTheImportBeforeAnythingIsWritten) {
+  StoreRules({u"Mood --> PackageID"});
+  model.Counters().Reset();
+  NextMessage(u"Unknown field: PackageID\r\n(Error Code: -2147221503)");
+  Import();
+  EXPECT_EQ(model.Counters().Writes(), 0);
+}
+
+TEST_F(ImportWindowTest, OfTwoRulesForOneFieldTheFirstIsUsed) {
+  StoreRules({u"Mood --> Alias", u"Object Text --> Alias", u"Object Identifier --> (Tagged Value)"});
+  application->Objects = {{{"a1", u"A"}, {"a4", u"text"}, {"a12", u"mood"}}};
+  EXPECT_TRUE(
+      HasLine(Import(),
+              u"Warning: The rule \"Object Text --> Alias\" is not used: \"Mood --> Alias\" fills the "
+              u"same field. Remove one of the two in the options."));
+  EXPECT_EQ(ElementOf(u"A").Field(u"Alias"), u"mood");
+  EXPECT_EQ(WritesOfAnImport(), 0);
 }
 
 TEST_F(ImportWindowTest, TheParametersNameModuleAndView) {

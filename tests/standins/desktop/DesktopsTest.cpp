@@ -30,7 +30,7 @@ TEST(ScriptedDesktopTest, WhatDepartsFromTheScriptFails) {
 TEST(ConsoleDesktopTest, AsksWhereNoAnswerIsFixed) {
   std::istringstream in("yes\nwhat?\n");
   std::ostringstream out, err;
-  ConsoleDesktop desktop(in, out, err, std::nullopt);
+  ConsoleDesktop desktop(in, out, err);
   const Message question{.Body = u"Sure?", .Title = u"Kestrune Link", .Buttons = Buttons::kYesNo};
   EXPECT_EQ(desktop.Show(question), Answer::kYes);
   EXPECT_EQ(desktop.Show(question), Answer::kNo);

@@ -1,0 +1,1 @@
+SELECT t_object.Object_ID, t_object.Name, t_object.Note FROM t_object LEFT JOIN t_objectproperties ON t_objectproperties.Object_ID = t_object.Object_ID WHERE t_objectproperties.Object_ID IS NULL AND t_object.Object_Type = 'Requirement' AND t_object.Package_ID = %s ORDER BY t_object.Object_ID

@@ -1,0 +1,71 @@
+#include "import/HierarchyPhase.h"
+
+namespace kestrune {
+
+HierarchyPhase::Place HierarchyPhase::Update(std::size_t n, std::size_t row,
+                                             const std::function<Text(const orim::Element&)>& item) {
+  const ModuleRow& object = objects_.All()[n];
+  const Text parent = ParentOf(object);
+  is_settled_[n] = Settles(n, parent);
+  const DataTable& elements = orim_doc_.GetData();
+  const bool is_created = index_.IsCreated(row);
+  orim::Element element;
+  Place place = Place::kKept;
+  const auto write = [&](std::size_t column, const Variant& value) {
+    if (!element) element = repository_.ElementByID(index_.ElementIdOf(row));
+    if (!writer_.Write(element, row, column, value, item(element)))
+      place = Place::kFailed;
+    else if (place == Place::kKept)
+      place = Place::kMoved;
+  };
+  const bool is_loose =
+      is_created || orim_doc_.HasForeignParent(row) || taken_out_.contains(object.Identifier);
+  if (is_loose || !(parent == elements.At(row, column::kParent))) {
+    if (!is_settled_[n]) OpenCircle(n, parent);
+    write(column::kParent, parent);
+  }
+  const Variant& position = module_.At(object.Row, column::kPosition);
+  if (is_created || !(position == elements.At(row, column::kPosition))) write(column::kPosition, position);
+  return place;
+}
+
+Text HierarchyPhase::ParentOf(const ModuleRow& object) const {
+  const auto row = index_.Find(object.Parent);
+  return row && stuck_in_trash_.contains(*row) ? Text() : object.Parent;
+}
+
+bool HierarchyPhase::Settles(std::size_t n, const Text& parent) const {
+  if (parent.empty()) return true;
+  const auto place = objects_.Find(parent);
+  return place && *place < n && is_settled_[*place];
+}
+
+// The module has no circle, so that of the elements on the way up at least one is not yet where it will be.
+void HierarchyPhase::OpenCircle(std::size_t n, const Text& parent) {
+  const Text& identifier = objects_.All()[n].Identifier;
+  std::optional<std::size_t> movable;
+  for (Text at = parent; !at.empty(); at = PresentParent(at, n)) {
+    if (at == identifier) {
+      const auto row = movable ? index_.Find(objects_.All()[*movable].Identifier) : std::nullopt;
+      if (!row) return;
+      const orim::Element element = repository_.ElementByID(index_.ElementIdOf(*row));
+      element.SetParentID(0);
+      element.Save();
+      taken_out_.insert(objects_.All()[*movable].Identifier);
+      return;
+    }
+    const auto place = objects_.Find(at);
+    const bool will_move = place && *place > n && PresentParent(at, n) != objects_.All()[*place].Parent;
+    if (!movable && will_move) movable = place;
+  }
+}
+
+Text HierarchyPhase::PresentParent(const Text& identifier, std::size_t n) const {
+  if (const auto place = objects_.Find(identifier); place && *place < n)
+    return ParentOf(objects_.All()[*place]);
+  const auto row = index_.Find(identifier);
+  if (!row || index_.IsCreated(*row) || taken_out_.contains(identifier)) return {};
+  return orim_doc_.GetData().At(*row, column::kParent).ToText();
+}
+
+}  // namespace kestrune

@@ -1,0 +1,122 @@
+// What the host refuses is said, costs as little as it can, and may be kept out of later imports.
+#include "tests/import/ImportTest.h"
+
+namespace kestrune {
+namespace {
+
+using standins::HostFaults;
+using testing::Exported;
+
+constexpr auto kSave = HostFaults::Moment::kSave;
+const AutomationError kRefusal(0x80004005, u"host", u"no");
+
+Text ExcludeQuestion(const Text& fields) {
+  return u"There was an error importing the following attribute(s): \r\n\r\n   " + fields +
+         u"\r\n\r\nExclude them from future imports?\r\n";
+}
+
+struct FailedFieldsTest : testing::ImportFixture {
+  FailedFieldsTest() { application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"A")}; }
+
+  /// The rules with a target that are stored now.
+  std::vector<Text> MappedRules() {
+    Options options(doors);
+    EXPECT_TRUE(options.Load(Package()));
+    std::vector<Text> rules;
+    for (const MappingRule& rule : options.UserRules())
+      if (!rule.Target.empty()) rules.push_back(RuleText(rule));
+    return rules;
+  }
+};
+
+TEST_F(FailedFieldsTest, AreNamedAndCountedAndMayBeExcluded) {
+  StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)", u"Object Number --> Status"});
+  model.Faults().FailTaggedValue(u"Mood", kSave, kRefusal);
+  for (const Answer answer : {Answer::kNo, Answer::kYes}) {
+    NextMessage(ExcludeQuestion(u"Mood"), answer);
+    const auto lines = Import();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), u"ERROR: no"), 1) << "it is tried once";
+    EXPECT_TRUE(HasLine(lines, u"Warning: \"Mood\" of 'nA' was not written."));
+    EXPECT_TRUE(HasLine(lines, u"Warning: \"Mood\" was not written for 2 more element(s) after that."));
+    EXPECT_EQ(lines.back(), u"*** Import Complete ***");
+    EXPECT_TRUE(lines[lines.size() - 2].ends_with(u" 3 failed"));
+  }
+  EXPECT_EQ(MappedRules(), (std::vector<Text>{u"Object Heading --> Name", u"Object Number --> Status"}));
+  Import();
+}
+
+TEST_F(FailedFieldsTest, BelongToAFieldAndNotToItsName) {
+  const struct {
+    const char* name;
+    std::vector<Text> rules;
+    std::function<void(HostFaults&)> fault;
+    Text asked;  // "": nothing
+    std::vector<Text> rules_left;
+  } cases[] = {
+      {"a field and a tagged value of one name",
+       {u"Mood --> Status", u"Status --> (Tagged Value)"},
+       [](HostFaults& faults) { faults.FailElementField(u"Status", kSave, kRefusal); },
+       u"Status",
+       {u"Status --> (Tagged Value)"}},
+      {"a tagged value and a field of one name",
+       {u"Mood --> Status", u"Status --> (Tagged Value)"},
+       [](HostFaults& faults) { faults.FailTaggedValue(u"Status", kSave, kRefusal); },
+       u"Status",
+       {u"Mood --> Status"}},
+      {"the place in the tree and an attribute of that name",
+       {u"Position --> (Tagged Value)", u"Parent --> (Tagged Value)"},
+       [](HostFaults& faults) { faults.FailElementField(u"TreePos", kSave, kRefusal); },
+       u"",
+       {u"Parent --> (Tagged Value)", u"Position --> (Tagged Value)"}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.name);
+    package_id = model.AddPackage(0, u"Another");
+    model.SelectPackage(package_id);
+    SaveLinkFile(platform, Guid(), u"/P/M");
+    for (const char16_t* attribute : {u"Status", u"Position", u"Parent"})
+      if (std::ranges::find(application->Attributes, Text(attribute)) == application->Attributes.end())
+        application->Attributes.push_back(attribute);
+    for (auto& object : application->Objects)
+      for (const char* value : {"a13", "a14", "a15"}) object.emplace_back(value, u"x");
+    StoreRules(each.rules);
+    each.fault(model.Faults());
+    if (!each.asked.empty()) NextMessage(ExcludeQuestion(each.asked), Answer::kYes);
+    const auto lines = Import();
+    model.Faults().Clear();
+    EXPECT_EQ(MappedRules(), each.rules_left);
+    const Text kept =
+        u"Warning: \"Position\" belongs to every import and cannot be excluded. Mend what the error names "
+        u"and import again.";
+    EXPECT_EQ(HasLine(lines, kept), each.asked.empty());
+    const orim::Element child = ElementOf(u"C");
+    for (const Text& rule : each.rules_left) {
+      const auto parsed = *ParseRule(rule);
+      if (parsed.Target == target::kTaggedValue)
+        EXPECT_EQ(child.TaggedValues().Find(parsed.Attribute).Value(), u"x") << ToUtf8(rule);
+      else
+        EXPECT_EQ(child.Field(parsed.Target), u"calm");
+    }
+  }
+}
+
+TEST_F(FailedFieldsTest, AnElementWithoutAnIdentifierIsTakenOutAgain) {
+  StoreRules({u"Object Heading --> Name"});
+  model.Faults().FailTaggedValue(u"Object Identifier", kSave, kRefusal);
+  const auto lines = Import();
+  EXPECT_EQ(Tree(), "Trash Can\n");
+  for (const char16_t* identifier : {u"B", u"C"})
+    EXPECT_TRUE(HasLine(lines, Text(u"Warning: No element was made for '") + identifier +
+                                   u"': its Object Identifier could not be stored."));
+  EXPECT_TRUE(
+      HasLine(lines,
+              u"Warning: 3 object(s) of the module were not imported. Import again; if they are left out "
+              u"once more, the lines above say why."));
+  EXPECT_TRUE(HasLine(lines, u"0 new, 0 changed, 0 moved, 0 archived, 0 restored, 0 unchanged, 3 failed"));
+  model.Faults().Clear();
+  Import();
+  EXPECT_EQ(Tree(), "[A] nA\n  [B] nB\n  [C] nC\nTrash Can\n");
+}
+
+}  // namespace
+}  // namespace kestrune
