@@ -109,7 +109,8 @@ Cost LinkedPackage::ReadPackage() {
 }
 
 Cost LinkedPackage::QueryBare() {
-  const Text ids = OrimDoc(repository_, Package()).PackageIds();
+  const orim::Package trash = Package().Packages().Find(LoadResText(text::kTrashCan));
+  const Text ids = ToText(Package().PackageID()) + (trash ? u"," + ToText(trash.PackageID()) : Text());
   const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {ids});
   const Object host = model_.Repository();
   return MeasureWithHost([&] { ParseText(host.Call(orim::member::kQuery, {sql}).AsText()); });

@@ -62,7 +62,10 @@ TEST_F(Session, RunsFromTheFileToTheModel) {
                          "Checking Orim package contents\nComparing...\nProcessing Trash...\n"
                          "Synchronizing documents...\n   1: New\n"))
       << import;
-  EXPECT_TRUE(import.ends_with("Updating Hierarchy...\nUpdating Orim UI\n*** Import Complete ***\n"))
+  EXPECT_TRUE(
+      import.ends_with("Updating Hierarchy...\nUpdating Orim UI\n"
+                       "42 new, 0 changed, 0 moved, 0 archived, 0 restored, 0 unchanged, 0 failed\n"
+                       "*** Import Complete ***\n"))
       << import;
   const std::string tree = Tree();
   EXPECT_EQ(std::count(tree.begin(), tree.end(), '\n'), 1 + 42 + 1) << "package, elements, trash\n" << tree;
@@ -93,7 +96,9 @@ TEST_F(Session, FollowsTheDocumentAndWritesNothingWhenItRests) {
   EXPECT_EQ(rest,
             "Connecting to DOORS\nChecking contents of DOORS module\nChecking Orim package contents\n"
             "Comparing...\nProcessing Trash...\nSynchronizing documents...\nUpdating Hierarchy...\n"
-            "Updating Orim UI\n*** Import Complete ***\n");
+            "Updating Orim UI\n"
+            "0 new, 0 changed, 0 moved, 0 archived, 0 restored, 64 unchanged, 0 failed\n"
+            "*** Import Complete ***\n");
   EXPECT_TRUE(ReadFile(folder.File(u"m.orim")) == model) << "the model's file has changed";
 
   Load("resync-a.reqif");
