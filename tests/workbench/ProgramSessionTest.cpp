@@ -107,6 +107,28 @@ TEST_F(Session, FollowsTheDocumentAndWritesNothingWhenItRests) {
   EXPECT_EQ(back.substr(0, back.find("  Trash Can/")), first_tree.substr(0, first_tree.find("  Trash Can/")));
 }
 
+TEST_F(Session, AnImportThatLeavesSomethingOutEndsWithOneAndKeepsTheRules) {
+  LinkAndMap();
+  Do(AddIn({"import", "--yes"}));
+  const auto lock = [this](bool is_locked) {
+    standins::Database::Open(ToPath(folder.File(u"m.orim")))
+        .Prepare("UPDATE t_object SET Locked = ? WHERE Object_Type = 'Requirement' AND TPos = 10", is_locked)
+        .Run();
+  };
+  Load("resync-b.reqif");
+  lock(true);
+  const Outcome failed = Run(AddIn({"import", "--yes"}));
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_NE(failed.err.find("Exclude them from future imports?"), std::string::npos) << failed.err;
+  EXPECT_NE(failed.err.find("The package is not in line with the module: "), std::string::npos) << failed.err;
+  EXPECT_NE(failed.out.find("\n*** Import Complete ***\n"), std::string::npos);
+  const std::string rules = Do(AddIn({"options", "--print"}));
+  for (const char* rule : {"  Absolute Number --> Name\n", "  Description --> Notes\n"})
+    EXPECT_NE(rules.find(rule), std::string::npos) << "--yes is no answer to that question";
+  lock(false);
+  EXPECT_EQ(Run(AddIn({"import"})).status, 0);
+}
+
 TEST_F(Session, AScriptsErrorsComeWithTheirPlace) {
   Load("resync-a.reqif");
   const struct {
