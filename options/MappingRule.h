@@ -5,6 +5,9 @@
 //   Status --> Priority                             into the host field Priority
 //   Created By --> (Tagged Value)                   into a tagged value named after the attribute
 //   Object Number [: Object Heading] --> Name       "2.1" and "Scope" become "2.1: Scope"
+//   Mass [kg] --> Alias                             a bracket closed before any blank belongs to the name
+//
+// A separator ends at its first blank. Of two rules for one field the first is used.
 #pragma once
 
 #include <array>
@@ -41,8 +44,6 @@ inline constexpr std::array<TextView, 4> kFixedRules = {
     u"Object Parent --> (Calculated) Parent", u"Field Position --> (Calculated) Position"};
 
 /// Reads a rule; nothing for a blank line. Text without " -->" is a bare attribute name, taken untrimmed.
-/// A "[" that is closed before any blank belongs to the attribute's name, as in "Mass [kg] --> Alias".
-///
 /// Throws AutomationError error::kMalformedRule, whose description names the line, when there is no attribute
 /// before the arrow, when a "[" opens neither "[separator, blank, attribute]" nor such a name, and when the
 /// rule would overwrite the key: a combined one of "Object Identifier" into a tagged value.

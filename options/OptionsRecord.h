@@ -1,5 +1,5 @@
-// The text form in which a package keeps its options: the memo text of the tagged value "DoorsConnection" of its
-// element.
+// The text form in which a package keeps its options: the memo text of the tagged value "DoorsConnection" of
+// its element.
 //
 //   The following attributes are copied ...          lines 0 and 1: help for whoever opens the memo
 //   It is possible edit the following text ...

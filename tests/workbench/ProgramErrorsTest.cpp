@@ -120,6 +120,22 @@ TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
 }
 
 // Where the add-in itself has something to say, its message box comes before the line.
+TEST_F(BadCommands, AFullDiskKeepsTheOldLink) {
+  const auto link_file = [this] {
+    for (const auto& [path, content] : Files())
+      if (path.ends_with(".xml") && content.starts_with("<?xml")) return std::pair(path, content);
+    return std::pair<std::string, std::string>();
+  };
+  const auto old_link = link_file();
+  const auto beside = std::filesystem::path(old_link.first).replace_extension(".new");
+  std::filesystem::create_symlink("/dev/full", beside);
+  const Words relink =
+      OnReq({"link", "--module", "/Demo/rmf-18a7243e-f39d-4356-a155-76ead45e4a45", "--data", "@data"});
+  EXPECT_EQ(Run(relink).status, 1);
+  EXPECT_EQ(link_file(), old_link);
+  EXPECT_FALSE(std::filesystem::is_symlink(beside)) << "what was written beside is gone";
+}
+
 TEST_F(BadCommands, EndInAMessageAndALineAndWriteNothing) {
   const std::pair<Words, const char*> cases[] = {
       {OnReq({"unlink", "--no"}), "\nThe package stays as it was.\n"},

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "common/LinkFile.h"
 #include "common/Utilities.h"
 #include "common/resources/dialogs.h"
 #include "doors/Doors.h"

@@ -199,6 +199,7 @@ TEST_F(frmOptionsTest, CombinesTwoAttributesPageByPage) {
     wizard.Await("the separator's page", [&] { return wizard.VisibleAt(ID_txtSep); });
     wizard.Await("the focus", [&] { return wizard.HasFocus(ID_txtSep); });
     wizard.Type(u"::");
+    wizard.Await("the example", [&] { return wizard.TextAt(ID_lblPreview) == u"For example: A:: C"; });
     wizard.Key('N', VK_MENU);
     wizard.Await("the target's page", [&] { return wizard.VisibleAt(ID_lstTarget); });
     wizard.Key('B', VK_MENU);
@@ -230,6 +231,18 @@ TEST_F(frmOptionsTest, TheButtonsFollowTheSelection) {
     options.ClickRow(ID_lvMappings, 0, 2);
     Screen(u"Configure attribute mapping").Key(VK_ESCAPE);
     options.Await("the way back", [&] { return IsWindowEnabled(options.Window()) != FALSE; });
+    options.Key(VK_ESCAPE);
+  });
+}
+
+TEST_F(frmOptionsTest, CtrlASelectsAllRowsAndDeleteRemovesTheirTargets) {
+  Edit({u"A --> Name", u"B --> Notes"}, [](const Screen& options) {
+    options.ClickRow(ID_lvMappings, 1);
+    options.Key('A', VK_CONTROL);
+    options.Await("all rows", [&] { return options.Ask(ID_lvMappings, LVM_GETSELECTEDCOUNT) == 2; });
+    AwaitButtons(options, "R");
+    options.Key(VK_DELETE);
+    options.Await("the removal", [&] { return Cell(options, 0, 1).empty() && Cell(options, 1, 1).empty(); });
     options.Key(VK_ESCAPE);
   });
 }
