@@ -18,6 +18,13 @@ void MakeFolder(const Text& path) {
   std::filesystem::create_directory(ToPath(path), already_there_or_impossible);
 }
 
+/// Replaces what is at `to`.
+bool Rename(const Text& from, const Text& to) {
+  std::error_code failure;
+  std::filesystem::rename(ToPath(from), ToPath(to), failure);
+  return !failure;
+}
+
 }  // namespace
 
 Text GetDataFolder(const Platform& platform) {
@@ -43,14 +50,10 @@ bool SaveLinkFile(const Platform& platform, TextView package_guid, TextView modu
   // Written beside and renamed: what cannot be written whole leaves the earlier file as it was. The name must
   // not look like a link file's.
   const Text beside = path.substr(0, path.size() - kLinkFileExtension.size()) + u".new";
-  std::error_code failure;
-  if (document.Save(beside))
-    std::filesystem::rename(ToPath(beside), ToPath(path), failure);
-  else
-    failure = std::make_error_code(std::errc::io_error);
+  if (document.Save(beside) && Rename(beside, path)) return true;
   std::error_code already_gone;
-  if (failure) std::filesystem::remove(ToPath(beside), already_gone);
-  return !failure;
+  std::filesystem::remove(ToPath(beside), already_gone);
+  return false;
 }
 
 Text GetLinkModulePath(const Platform& platform, TextView package_guid) {

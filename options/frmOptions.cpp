@@ -29,9 +29,16 @@ bool IsMappable(const Text& attribute) {
   return ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)});
 }
 
-[[noreturn]] void ThrowUnmappable(const Text& attribute) {
-  throw AutomationError(error::kUnmappableAttribute, u"frmOptions",
-                        FormatResText(text::kUnmappable, {attribute}));
+/// The same for a rule that combines it with another one. In a name a bracket may stand only if no other
+/// follows it.
+bool IsCombinable(const Text& attribute) {
+  return ReadsBack({.Attribute = attribute, .CombinedAttribute = u"B", .Target = u"Name"});
+}
+
+void RequireConfigurable(const Text& attribute, bool combine) {
+  if (combine ? IsCombinable(attribute) : IsMappable(attribute)) return;
+  const int why = IsMappable(attribute) ? text::kUncombinable : text::kUnmappable;
+  throw AutomationError(error::kUnmappableAttribute, u"frmOptions", FormatResText(why, {attribute}));
 }
 
 }  // namespace
@@ -190,7 +197,7 @@ void frmOptions::cmbViews_DropDown() {
 
 void frmOptions::Configure(bool combine) {
   const auto attributes = SelectedAttributes();
-  if (!IsMappable(attributes.front())) ThrowUnmappable(attributes.front());
+  RequireConfigurable(attributes.front(), combine);
   const std::vector<Text> others(attributes.begin() + 1, attributes.end());
   const Text answer = AskWizard(attributes.front(), others, combine);
   const std::vector<Text> mapped = AddMappings(answer);

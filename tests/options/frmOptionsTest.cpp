@@ -231,6 +231,26 @@ TEST_F(OptionsFormTest, ASecondAttributeThatNoRuleCanHoldGoesBackToItsPage) {
   frmOptions(doors).ShowOptions(repository, package);
 }
 
+TEST_F(OptionsFormTest, ANameWithABracketCannotBeginACombinationAndMayEndOne) {
+  desktop.OnForm<frmOptions>([&](frmOptions& form) {
+    desktop.OnMessage(
+        u"The attribute \"Mass [kg]\" cannot be the first of a combination, since its name holds \"[\", by "
+        u"which "
+        u"the second one is known. Start with the other attribute and combine it with this one.");
+    form.lvMappings.SelectRows({1});
+    form.cmdCombine.Press();
+    desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+      for (int page = 1; page <= 3; ++page) wizard.cmdNext.Press();
+    });
+    form.lvMappings.SelectRows({0, 1});
+    form.cmdCombine.Press();
+    EXPECT_EQ(RowsOf(form), Lines({u"A [ Mass [kg]] | (Tagged Value)"}));
+    form.cmdCancel.Press();
+  });
+  Store(Record({u"A", u"Mass [kg]"}));
+  frmOptions(doors).ShowOptions(repository, package);
+}
+
 TEST_F(OptionsFormTest, TheKeysOfTheListSelectAllAndRemove) {
   Edit({u"A --> Name", u"B", u"C --> Notes"}, [&](frmOptions& form) {
     form.lvMappings.SelectAll();
