@@ -198,9 +198,10 @@ TEST_F(SynchronisationTest, ALongIdentifierIsKnownAgain) {
 TEST_F(SynchronisationTest, ACombinedRuleWithoutItsFirstAttributeLeavesTheValueEmpty) {
   StoreRules({u"Gone [: Mood] --> Alias"});
   application->Objects = {Exported(u"A")};
-  EXPECT_TRUE(HasLine(Import(),
-                      u"Warning: It has no attribute \"Gone\" any more: the rule \"Gone [: Mood] --> Alias\" "
-                      u"was dropped."));
+  EXPECT_TRUE(
+      HasLine(Import(),
+              u"Warning: The module has no attribute \"Gone\" any more: the rule \"Gone [: Mood] --> Alias\" "
+              u"was dropped."));
   EXPECT_EQ(ElementOf(u"A").Field(u"Alias"), u"");
 }
 

@@ -269,9 +269,9 @@ TEST_F(OptionsFormTest, NamesTheRulesThatARefreshDrops) {
   app->Attributes = {u"B", u"C"};
   Edit({u"A --> Name", u"B [: D] --> Alias", u"C --> Notes"}, [&](frmOptions& form) {
     desktop.OnMessage(
-        u"The module has changed since the rules were made:\r\n\r\n"
-        u"It has no attribute \"A\" any more: the rule \"A --> Name\" was dropped.\r\n\r\n"
-        u"It has no attribute \"D\" any more: the rule \"B [: D] --> Alias\" imports \"B\" alone.");
+        u"Rules have lost an attribute:\r\n\r\n"
+        u"The module has no attribute \"A\" any more: the rule \"A --> Name\" was dropped.\r\n\r\n"
+        u"The module has no attribute \"D\" any more: the rule \"B [: D] --> Alias\" imports \"B\" alone.");
     form.cmdReloadAttribs.Press();
     form.cmdCancel.Press();
   });
