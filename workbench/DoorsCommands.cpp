@@ -65,9 +65,7 @@ void RunDxl(const Settings& settings, const std::string& script, const std::stri
     if (!outcome.result.empty()) terminal.out << ToUtf8(outcome.result) << '\n';
     return;
   }
-  Text report;
-  for (const dxl::Error& error : outcome.errors) report += dxl::Explain(error, source);
-  throw CommandError(Trim(report));
+  throw CommandError(Trim(dxl::Explain(outcome.errors, source)));
 }
 
 }  // namespace kestrune::workbench

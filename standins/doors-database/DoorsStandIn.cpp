@@ -69,7 +69,8 @@ std::vector<dxl::Error> DoorsStandIn::Execute(const dxl::Source& source) {
   session_.current_module = nullptr;
   const dxl::CompileResult compiled = dxl::Compile(source, library_);
   if (!compiled.program) return compiled.errors;
-  const auto error = dxl::Run(*compiled.program, *this);
+  const auto [error, cost] = dxl::Run(*compiled.program, *this);
+  cost_ = cost;
   if (!error) return {};
   return {*error};
 }

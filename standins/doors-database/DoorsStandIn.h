@@ -46,6 +46,8 @@ class DoorsStandIn : private dxl::Host {
   ScriptOutcome RunScript(const Text& script, Text parameter, const Text& name);
   /// What scripts printed and what was wrong with them, as in DOORS' DXL output window.
   const Text& Log() const { return log_; }
+  /// What the last run has used.
+  const dxl::RunCost& Cost() const { return cost_; }
 
   /// The next RunStr throws `failure` and runs nothing.
   void FailNextRun(AutomationError failure) { failure_ = std::move(failure); }
@@ -84,6 +86,7 @@ class DoorsStandIn : private dxl::Host {
   DoorsPhase state_;
   Text result_;
   Text log_;
+  dxl::RunCost cost_;
   std::optional<AutomationError> failure_;
   std::shared_ptr<DoorsApplication> application_;
 };

@@ -37,6 +37,7 @@ Flow DeclareArrayAction::Run(Machine& machine) const {
   std::int32_t size = static_cast<std::int32_t>(elements_.size());
   if (size_) size = size_->Evaluate(machine).AsInt();
   if (size < 0 || size > kMaxArraySize) throw Stopped{at, u"impossible array size (" + ToText(size) + u")"};
+  machine.State().budget.SpendOn(static_cast<std::size_t>(size));
   Value array = Value::Array(element_, static_cast<std::size_t>(size));
   for (std::size_t i = 0; i < elements_.size(); ++i) array.AsArray()[i] = elements_[i]->Evaluate(machine);
   *variable_->Locate(machine) = std::move(array);
@@ -65,8 +66,12 @@ Flow RangeAction::Run(Machine& machine) const {
   if (by <= 0) throw Stopped{at, u"a range needs a step above 0"};
   Flow flow = Flow::kNext;
   for (long long i = from; i <= to; i += by) {
-    *variable_->Locate(machine) = Value(static_cast<std::int32_t>(i));
+    const auto turn = static_cast<std::int32_t>(i);
+    *variable_->Locate(machine) = Value(turn);
     if (!RunTurn(*body_, at, machine, flow)) break;
+    const Value& after = *variable_->Locate(machine);
+    if (!after.IsAssigned() || after.AsInt() != turn)
+      throw Stopped{at, u"the variable of a range was changed inside its loop"};
   }
   return flow;
 }

@@ -69,7 +69,8 @@ struct LoopAction final : Action {
   const Action* body_;
 };
 
-/// for i in from : to by step do; both ends count.
+/// for i in from : to by step do; both ends count. What DOORS makes of a body that changes the variable is not
+/// known, so that is an error.
 struct RangeAction final : Action {
   RangeAction(const Place* variable, const Node* from, const Node* to, const Node* by, const Action* body)
       : variable_(variable), from_(from), to_(to), by_(by), body_(body) {}
@@ -124,7 +125,7 @@ struct ReturnAction final : Action {
 struct RunLimitAction final : Action {
   explicit RunLimitAction(std::int32_t limit) : limit_(limit) {}
   Flow Run(Machine& machine) const override {
-    machine.SetRunLimit(limit_);
+    machine.State().budget.SetRunLimit(limit_);
     return Flow::kNext;
   }
 

@@ -29,8 +29,12 @@ Meaning ExpressionChecker::ResolveAssign(Position at, const Meaning& target, con
   if (!value) return value;
   for (const Candidate& candidate : target.candidates) {
     if (!candidate.place || candidate.type.is_array) continue;
-    if (const Node* node = ValueOf(checking_, value, candidate.type))
-      return Candidate{candidate.type, checking_.code.Make<AssignNode>(at, candidate.place, node)};
+    const Node* node = ValueOf(checking_, value, candidate.type);
+    if (!node) continue;
+    const auto* binary = dynamic_cast<const BinaryNode*>(node);
+    const Node* more = binary ? binary->JoinedTo(*candidate.place) : nullptr;
+    if (more) return Candidate{candidate.type, checking_.code.Make<ExtendNode>(at, candidate.place, more)};
+    return Candidate{candidate.type, checking_.code.Make<AssignNode>(at, candidate.place, node)};
   }
   const Meaning sides[] = {target, value};
   return ResolvePerm(checking_, at, u"=", sides, u"incorrect arguments for (=)");
@@ -54,7 +58,7 @@ Meaning ExpressionChecker::AutoDeclare(const Expr& expr, const Expr& target) {
   const Candidate& only = value.candidates.front();
   const bool has_type = value.candidates.size() == 1 && only.type.id >= kBool.id && !only.type.is_array;
   if (!has_type || target.kind == ExprKind::kTyped)
-    return Problem{target.at, u"undeclared variable (" + target.word + u")"};
+    return Problem{target.at, UnknownWord(target.word)};
   const VariableName* variable = checking_.names.FindVariable(target.word);  // x = x = 1
   if (!variable) variable = checking_.names.Declare(target.word, only.type, false, false);
   return ResolveAssign(expr.at, ResolveVariable(*variable, target.at), value);

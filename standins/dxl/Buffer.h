@@ -9,6 +9,10 @@ namespace kestrune::dxl {
 struct Buffer {
   Text text;
   bool deleted = false;
+  Lease lease = Lease(sizeof(Buffer));
+
+  /// To be called after every change of the text.
+  void Recount() { lease.Resize(sizeof(Buffer) + BytesOf(text)); }
 };
 
 /// The Buffer given as argument `i`; throws ScriptError when the script has deleted it.

@@ -12,29 +12,32 @@ Value BufferText(Call& call) {
   return Value(BufferAt(call, 0).text);
 }
 
+Value AppendTo(Call& call, TextView more) {
+  Buffer& buffer = BufferAt(call, 0);
+  Append(buffer.text, more);
+  buffer.Recount();
+  return call.At(0);
+}
+
 void AddWriting(Library& library) {
   library.Add(u"Buffer =(Buffer, string)", [](Call& call) {
-    BufferAt(call, 0).text = call.String(1);
-    return call.At(0);
+    BufferAt(call, 0).text.clear();
+    return AppendTo(call, call.String(1));
   });
-  library.Add(u"Buffer +=(Buffer, string)", [](Call& call) {
-    Append(BufferAt(call, 0).text, call.String(1));
-    return call.At(0);
-  });
-  library.Add(u"Buffer +=(Buffer, char)", [](Call& call) {
-    Append(BufferAt(call, 0).text, Text(1, call.Char(1)));
-    return call.At(0);
-  });
+  library.Add(u"Buffer +=(Buffer, string)", [](Call& call) { return AppendTo(call, call.String(1)); });
+  library.Add(u"Buffer +=(Buffer, char)", [](Call& call) { return AppendTo(call, Text(1, call.Char(1))); });
   library.Add(u"Buffer +=(Buffer, Buffer)", [](Call& call) {
-    Append(BufferAt(call, 0).text, Text(BufferAt(call, 1).text));  // a copy: it may be the same Buffer
-    return call.At(0);
+    return AppendTo(call, Text(BufferAt(call, 1).text));  // a copy: it may be the same Buffer
   });
   library.Add(u"void setempty(Buffer)", [](Call& call) {
     BufferAt(call, 0).text.clear();
     return Value();
   });
   library.Add(u"void delete(Buffer)", [](Call& call) {
-    BufferAt(call, 0) = {{}, /*deleted=*/true};
+    Buffer& buffer = BufferAt(call, 0);
+    buffer.deleted = true;
+    buffer.text = Text();
+    buffer.Recount();
     return Value();
   });
 }

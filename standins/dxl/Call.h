@@ -39,6 +39,7 @@ class Call {
   /// Assigns the variable given for a by-reference parameter. Throws ScriptError when a value of type any
   /// turns out not to be of the variable's type.
   void Set(std::size_t i, Value value);
+  std::size_t Count() const { return arguments_.size(); }
   /// The static type of an argument, for parameters of type any.
   Type TypeOf(std::size_t i) const { return types_[i]; }
 

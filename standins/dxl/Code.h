@@ -24,8 +24,13 @@ struct Node : Code {
 
 /// An expression that can be assigned to.
 struct Place : Node {
+  Value Evaluate(Machine& machine) const final { return Read(*Locate(machine), machine); }
   /// The variable; valid until the function that it belongs to returns.
   virtual Value* Locate(Machine& machine) const = 0;
+  /// The value of the variable that Locate gave; one that was never assigned is a run-time error.
+  virtual Value Read(const Value& located, Machine& machine) const = 0;
+  /// Whether both are the same variable, known before anything runs.
+  virtual bool IsSameVariable(const Node&) const { return false; }
 };
 
 enum class Flow { kNext, kBreak, kContinue, kReturn };

@@ -24,8 +24,15 @@ struct Error {
 /// Thrown by a perm that fails. The interpreter adds the place, and under noError() keeps the text and goes
 /// on.
 struct ScriptError : std::runtime_error {
-  explicit ScriptError(Text message) : runtime_error(ToUtf8(message)), Message(std::move(message)) {}
+  /// A long message, as of a perm that names its argument, is cut.
+  explicit ScriptError(TextView message) : runtime_error(ToUtf8(Cut(message))), Message(Cut(message)) {}
   Text Message;
+
+ private:
+  static TextView Cut(TextView message) {
+    constexpr std::size_t kLongest = 500;
+    return message.substr(0, kLongest);
+  }
 };
 
 /// As DOORS prints it: "-E- DXL: <Line:2> undeclared variable (total)", "-R-E- DXL: ..." at run time; without
@@ -33,7 +40,7 @@ struct ScriptError : std::runtime_error {
 Text DoorsReport(const std::vector<Error>& errors);
 
 /// "file:2:7: message", the line of `source` and a caret under the column, for a terminal; each line ends in
-/// "\n".
-Text Explain(const Error& error, TextView source);
+/// "\n". Of a long line the part around the place is shown.
+Text Explain(const std::vector<Error>& errors, TextView source);
 
 }  // namespace kestrune::dxl

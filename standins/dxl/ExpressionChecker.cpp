@@ -8,10 +8,6 @@ namespace kestrune::dxl {
 
 namespace {
 
-Text Undeclared(const Text& name) {
-  return u"undeclared variable (" + name + u")";
-}
-
 Candidate Typed(Type type, const Node* node) {
   return {type, node, nullptr};
 }
@@ -159,7 +155,7 @@ Meaning ExpressionChecker::ResolveDot(const Expr& expr) {
   const Expr& right = *expr.kids[1];
   if (!left || right.kind != ExprKind::kName) return ResolveAttribute(left, expr);
   const Meaning property =
-      ResolvePerm(checking_, expr.at, u"." + right.word, {&left, 1}, Undeclared(right.word));
+      ResolvePerm(checking_, expr.at, u"." + right.word, {&left, 1}, UnknownProperty(right.word));
   if (!checking_.names.FindVariable(right.word)) return property;
   if (property) return Problem{right.at, u"variable (" + right.word + u") hides the property of that name"};
   return ResolveAttribute(left, expr);

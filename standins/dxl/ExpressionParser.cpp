@@ -21,8 +21,6 @@ constexpr BinaryRule kBinaryRules[] = {
 
 constexpr TextView kAssignments[] = {u"=", u"+=", u"-=", u"*=", u"/=", u"%=", u"&=", u"|=", u"^="};
 constexpr TextView kPrefixes[] = {u"!", u"-", u"~", u"+"};
-constexpr TextView kRefused[] = {u"<?", u">?", u"<<", u">>", u"<<=", u">>=", u"<>", u"<-",
-                                 u"=>", u"^^", u":=", u"::", u"..",  u"->",  u"\\", u"#"};
 constexpr TextView kReserved[] = {u"and",    u"bool",     u"break",   u"by",     u"case",   u"char",
                                   u"const",  u"continue", u"default", u"do",     u"else",   u"enum",
                                   u"for",    u"if",       u"in",      u"int",    u"or",     u"pragma",
@@ -78,8 +76,6 @@ ExprPtr ExpressionParser::Parse() {
     const Token& sign = tokens_.Take();
     return Measured(Make(ExprKind::kAssign, sign.at, sign.text, std::move(left), Parse()));
   }
-  if (tokens_.Is(TokenKind::kSymbol) && Contains(kRefused, tokens_.Peek().text))
-    tokens_.Refuse(u"the operator " + tokens_.Peek().text);
   return left;
 }
 

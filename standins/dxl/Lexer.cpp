@@ -36,6 +36,15 @@ bool IsBlank(char16_t c) {
   return c == u' ' || c == u'\t' || c == u'\r' || c == u'\f' || c == u'\v';
 }
 
+/// The character itself, or its code where a terminal might not show it.
+Text NameOf(char16_t c) {
+  if (c > u' ' && c < u'\x7F') return Text(1, c);
+  constexpr TextView kDigits = u"0123456789ABCDEF";
+  Text name(u"U+");
+  for (const int shift : {12, 8, 4, 0}) name += kDigits[static_cast<std::size_t>(c >> shift) & 15u];
+  return name;
+}
+
 class Lexer {
  public:
   explicit Lexer(TextView source) : cursor_(source) {}
@@ -113,7 +122,7 @@ class Lexer {
       wants_more_ = symbol.wants_more;
       return;
     }
-    throw Problem{at, u"unexpected character (" + Text(1, cursor_.Peek()) + u")"};
+    throw Problem{at, u"unexpected character (" + NameOf(cursor_.Peek()) + u")"};
   }
 
   void Push(Token token) {

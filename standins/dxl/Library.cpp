@@ -34,6 +34,12 @@ void Library::AddAlias(TextView alias, TextView type) {
   types_.emplace(alias, TypeNamed(type));
 }
 
+void Library::AddIdentity(TextView type) {
+  const Text both = Text(u"(").append(type).append(u"?, ").append(type).append(u"?)");
+  Add(u"bool ==" + both, [](Call& call) { return Value(call.At(0).AsHandle() == call.At(1).AsHandle()); });
+  Add(u"bool !=" + both, [](Call& call) { return Value(call.At(0).AsHandle() != call.At(1).AsHandle()); });
+}
+
 void Library::Add(TextView signature, Perm perm) {
   const std::size_t open = signature.find(u'(');
   if (open == TextView::npos || signature.back() != u')') Malformed(signature);

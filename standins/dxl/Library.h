@@ -65,6 +65,9 @@ class Library {
   /// Another name for a type, such as ModuleRef__ for Module.
   void AddAlias(TextView alias, TextView type);
 
+  /// == and != of handles of the type: whether they are the same one. Types without it have no comparison.
+  void AddIdentity(TextView type);
+
   /// Adds an overload: "result name(type, type&, type?, type[])". The name is a word, an operator ( .. = +=
   /// == [] . ),
   /// ".word" for a property, "word=" for assignment to a word. Overloads may differ in the result type alone;

@@ -1,9 +1,5 @@
 #include "standins/dxl/Machine.h"
 
-#include <limits>
-
-#include "standins/dxl/Script.h"
-
 namespace kestrune::dxl {
 
 namespace {
@@ -11,8 +7,6 @@ namespace {
 /// Levels of nesting, over all functions that are running, at which a script's recursion ends. A level takes
 /// a few hundred bytes of the native stack.
 constexpr int kMaxDepth = 4000;
-
-constexpr long long kNoLimit = std::numeric_limits<long long>::max();
 
 /// Restores a variable at the end of a block, also when an exception ends it.
 template <typename T>
@@ -30,25 +24,19 @@ class Restored {
 
 }  // namespace
 
-Machine::Machine(const Program& program, Host& host)
+Machine::Machine(const Program& program, Host& host, Budget& budget)
     : program_(program),
-      state_(host),
-      globals_(static_cast<std::size_t>(program.global_count)),
-      limit_(kDefaultRunLimit) {}
+      scope_(budget),
+      state_(host, budget),
+      globals_(static_cast<std::size_t>(program.global_count)) {}
 
 void Machine::Run() {
   try {
     program_.body->Run(*this);
   } catch (const Halted&) {
+  } catch (const OutOfBudget& end) {
+    throw Stopped{at_, end.message};
   }
-}
-
-void Machine::SetRunLimit(std::int32_t limit) {
-  limit_ = limit == 0 ? kNoLimit : cycles_ + limit;
-}
-
-void Machine::OutOfCycles(Position at) const {
-  throw Stopped{at, u"execution time limit reached"};
 }
 
 Value Machine::Fail(Position at, const Text& message, Type type) {
@@ -62,6 +50,7 @@ Value Machine::Call(const Function& function, const std::vector<const Node*>& ar
   depth_ += function.depth;
   if (depth_ > kMaxDepth) throw Stopped{at, u"recursion too deep in function (" + function.name + u")"};
 
+  const Lease lease(static_cast<std::size_t>(function.frame_size) * sizeof(Value));
   std::vector<Value> frame(static_cast<std::size_t>(function.frame_size));
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     frame[i] = function.parameters[i].by_reference

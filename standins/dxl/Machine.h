@@ -17,9 +17,9 @@ struct Halted {};
 
 class Machine {
  public:
-  Machine(const Program& program, Host& host);
+  Machine(const Program& program, Host& host, Budget& budget);
 
-  /// Runs the program once.
+  /// Runs the program once. What its values took of the budget is given back when the machine goes.
   void Run();
 
   Value& Global(int slot) { return globals_[static_cast<std::size_t>(slot)]; }
@@ -28,10 +28,9 @@ class Machine {
 
   /// Counts a statement or a turn of a loop.
   void Tick(Position at) {
-    if (++cycles_ > limit_) OutOfCycles(at);
+    at_ = at;
+    state_.budget.Spend(1);
   }
-  /// `pragma runLim`; 0 lifts the limit.
-  void SetRunLimit(std::int32_t limit);
 
   /// A run-time error: ends the run, or under noError() is kept and the failed operation gives the default of
   /// `type`.
@@ -45,16 +44,14 @@ class Machine {
   void SetResult(Value value) { result_ = std::move(value); }
 
  private:
-  [[noreturn]] void OutOfCycles(Position at) const;
-
   const Program& program_;
+  const Budget::Scope scope_;
   RunState state_;
   std::vector<Value> globals_;
   Value* locals_ = nullptr;  // of the function that runs
   Value result_;
   Value scratch_;
-  long long cycles_ = 0;
-  long long limit_;
+  Position at_;  // of the statement that runs
   int depth_ = 0;
 };
 

@@ -12,21 +12,42 @@ Value BinaryNode::Evaluate(Machine& machine) const {
   }
 }
 
+Value ExtendNode::Evaluate(Machine& machine) const {
+  const Value before = target_->Evaluate(machine);
+  const Value more = more_->Evaluate(machine);  // which may change the variable
+  Value& target = *target_->Locate(machine);
+  try {
+    if (target.OnlySharesTextWith(before)) {
+      target.AppendInPlace(more.AsText());
+    } else {
+      Text text = before.AsText();
+      Append(text, more.AsText());
+      target = Value(std::move(text));
+    }
+  } catch (const ScriptError& error) {
+    machine.Fail(at, error.Message, kVoid);
+    target = Value::Default(kString);
+  }
+  return target;
+}
+
 Value CompoundNode::Evaluate(Machine& machine) const {
   const Value right = source_->Evaluate(machine);
-  const Value left = target_->Evaluate(machine);
+  Value& target = *target_->Locate(machine);
+  const Value left = target_->Read(target, machine);
   try {
-    return *target_->Locate(machine) = run_(left, right);
+    return target = run_(left, right);
   } catch (const ScriptError& error) {
     return machine.Fail(at, error.Message, left.Kind());
   }
 }
 
 Value StepNode::Evaluate(Machine& machine) const {
-  const Value before = target_->Evaluate(machine);
+  Value& target = *target_->Locate(machine);
+  const Value before = target_->Read(target, machine);
   const auto stepped = static_cast<std::uint32_t>(before.AsInt()) + static_cast<std::uint32_t>(by_);
   const Value after(static_cast<std::int32_t>(stepped));
-  *target_->Locate(machine) = after;
+  target = after;
   return gives_old_ ? before : after;
 }
 

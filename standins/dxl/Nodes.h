@@ -27,6 +27,10 @@ struct BinaryNode final : Node {
   BinaryNode(BinaryFunction run, Type result, const Node* left, const Node* right)
       : run_(run), result_(result), left_(left), right_(right) {}
   Value Evaluate(Machine& machine) const override;
+  /// What is joined to the variable, for `variable ..`; null for anything else.
+  const Node* JoinedTo(const Place& variable) const {
+    return JoinsTexts(run_) && variable.IsSameVariable(*left_) ? right_ : nullptr;
+  }
 
  private:
   BinaryFunction run_;
@@ -72,6 +76,17 @@ struct AssignNode final : Node {
  private:
   const Place* target_;
   const Node* source_;
+};
+
+/// s = s more. The text grows in its place where nobody else holds it, so that building a text piece by piece
+/// takes time in proportion to its length.
+struct ExtendNode final : Node {
+  ExtendNode(const Place* variable, const Node* more) : target_(variable), more_(more) {}
+  Value Evaluate(Machine& machine) const override;
+
+ private:
+  const Place* target_;
+  const Node* more_;
 };
 
 /// += and its like.

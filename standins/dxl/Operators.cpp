@@ -45,6 +45,13 @@ Value Compared(const Value& a, const Value& b) {
   return Value(Comparison()((a.*Get)(), (b.*Get)()));
 }
 
+template <typename Comparison>
+Value ComparedTexts(const Value& a, const Value& b) {
+  if (Budget* const budget = Budget::Current())
+    budget->SpendOn(std::min(a.AsText().size(), b.AsText().size()));
+  return Value(Comparison()(a.AsText(), b.AsText()));
+}
+
 TextView AsTextOf(const Value& value) {
   return value.AsText();
 }
@@ -63,8 +70,13 @@ TextView AsTextOfBool(const Value& value) {
 
 template <auto AsText>
 Value Concatenated(const Value& a, const Value& b) {
-  Text text(AsText(a));
-  Append(text, b.AsText());
+  const auto& head = AsText(a);
+  const std::size_t size = head.size() + b.AsText().size();
+  if (size > kMaxTextLength) throw ScriptError(u"text too long");
+  if (Budget* const budget = Budget::Current()) budget->Foresee(size * sizeof(char16_t));
+  Text text;
+  text.reserve(size);
+  text.append(head).append(b.AsText());
   return Value(std::move(text));
 }
 
@@ -72,7 +84,6 @@ constexpr auto kBoolOf = &Value::AsBool;
 constexpr auto kCharOf = &Value::AsChar;
 constexpr auto kIntOf = &Value::AsInt;
 constexpr auto kRealOf = &Value::AsReal;
-constexpr auto kTextOf = &Value::AsText;
 
 constexpr BinaryOperator kBinary[] = {
     {u"..", kString, kString, kString, Concatenated<AsTextOf>},
@@ -110,12 +121,12 @@ constexpr BinaryOperator kBinary[] = {
     {u">", kChar, kChar, kBool, Compared<kCharOf, std::greater<>>},
     {u"<=", kChar, kChar, kBool, Compared<kCharOf, std::less_equal<>>},
     {u">=", kChar, kChar, kBool, Compared<kCharOf, std::greater_equal<>>},
-    {u"==", kString, kString, kBool, Compared<kTextOf, std::equal_to<>>},
-    {u"!=", kString, kString, kBool, Compared<kTextOf, std::not_equal_to<>>},
-    {u"<", kString, kString, kBool, Compared<kTextOf, std::less<>>},
-    {u">", kString, kString, kBool, Compared<kTextOf, std::greater<>>},
-    {u"<=", kString, kString, kBool, Compared<kTextOf, std::less_equal<>>},
-    {u">=", kString, kString, kBool, Compared<kTextOf, std::greater_equal<>>},
+    {u"==", kString, kString, kBool, ComparedTexts<std::equal_to<>>},
+    {u"!=", kString, kString, kBool, ComparedTexts<std::not_equal_to<>>},
+    {u"<", kString, kString, kBool, ComparedTexts<std::less<>>},
+    {u">", kString, kString, kBool, ComparedTexts<std::greater<>>},
+    {u"<=", kString, kString, kBool, ComparedTexts<std::less_equal<>>},
+    {u">=", kString, kString, kBool, ComparedTexts<std::greater_equal<>>},
     {u"==", kBool, kBool, kBool, Compared<kBoolOf, std::equal_to<>>},
     {u"!=", kBool, kBool, kBool, Compared<kBoolOf, std::not_equal_to<>>},
 };
@@ -138,15 +149,17 @@ std::span<const UnaryOperator> UnaryOperators() {
   return kUnary;
 }
 
-Value SameHandle(const Value& a, const Value& b) {
-  return Value(a.AsHandle() == b.AsHandle());
-}
-Value OtherHandle(const Value& a, const Value& b) {
-  return Value(a.AsHandle() != b.AsHandle());
+bool JoinsTexts(BinaryFunction run) {
+  return run == &Concatenated<AsTextOf>;
 }
 
 void Append(Text& text, TextView more) {
   if (more.size() > kMaxTextLength - text.size()) throw ScriptError(u"text too long");
+  if (Budget* const budget = Budget::Current()) {
+    const std::size_t size = text.size() + more.size();
+    if (size > text.capacity()) budget->Foresee(2 * size * sizeof(char16_t));
+    budget->SpendOn(more.size());
+  }
   text += more;
 }
 

@@ -28,15 +28,14 @@ struct UnaryOperator {
 std::span<const BinaryOperator> BinaryOperators();
 std::span<const UnaryOperator> UnaryOperators();
 
-/// == and != of two handles of one type.
-Value SameHandle(const Value& a, const Value& b);
-Value OtherHandle(const Value& a, const Value& b);
-
 /// The longest text that a script may build, so that a runaway script fails before the machine does.
 inline constexpr std::size_t kMaxTextLength = 1u << 26;
 
-/// Appends; throws ScriptError beyond kMaxTextLength.
+/// Appends, which is work for the run under way; throws ScriptError beyond kMaxTextLength.
 void Append(Text& text, TextView more);
+
+/// Whether the operator joins two texts.
+bool JoinsTexts(BinaryFunction run);
 
 /// A real as concatenation shows it: six decimals.
 Text RealText(double real);

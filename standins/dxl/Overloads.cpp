@@ -73,18 +73,17 @@ void AddPerms(Checking& checking, Position at, TextView name, std::span<const Me
   }
 }
 
-/// == and != of handles: both of one type, or one of them null.
-void AddIdentity(Checking& checking, Position at, BinaryFunction run, const Meaning& left,
-                 const Meaning& right, Meaning& meaning) {
+/// Handles of one type with an operator that the type does not have: what DOORS would compare is not known.
+Text ProblemOf(Checking& checking, TextView word, const Meaning& left, const Meaning& right) {
   for (const Meaning* side : {&left, &right}) {
     for (const Candidate& candidate : side->candidates) {
-      if (!IsHandle(candidate.type) || meaning) continue;
-      const Node* a = ValueOf(checking, left, candidate.type);
-      const Node* b = ValueOf(checking, right, candidate.type);
-      if (a && b)
-        meaning.candidates.push_back(Typed(kBool, checking.code.Make<BinaryNode>(at, run, kBool, a, b)));
+      if (!IsHandle(candidate.type) || !ValueOf(checking, left, candidate.type) ||
+          !ValueOf(checking, right, candidate.type))
+        continue;
+      return NotSupported(Text(word).append(u" of type ").append(checking.perms.NameOf(candidate.type)));
     }
   }
+  return u"incorrect arguments for (" + Text(word) + u")";
 }
 
 }  // namespace
@@ -109,7 +108,7 @@ Meaning ResolvePerm(Checking& checking, Position at, TextView name, std::span<co
 }
 
 Meaning ResolveCall(Checking& checking, Position at, const Text& name, std::span<const Meaning> arguments) {
-  if (!IsFunction(checking, name)) return Problem{at, u"undeclared variable (" + name + u")"};
+  if (!IsFunction(checking, name)) return Problem{at, UnknownWord(name)};
   if (const Problem* inner = ProblemIn(arguments)) return *inner;
   Meaning meaning(Problem{at, u"incorrect arguments for function (" + name + u")"});
   AddFunctions(checking, at, name, arguments, meaning);
@@ -122,8 +121,8 @@ Meaning ResolveOperator(Checking& checking, Position at, TextView word, const Me
   const bool joins = word == u"..";
   const std::array<Meaning, 2> sides = {left, right};
   if (const Problem* inner = ProblemIn(sides)) return *inner;
-  Meaning meaning(Problem{
-      at, joins ? u"incorrectly concatenated tokens" : u"incorrect arguments for (" + Text(word) + u")"});
+  Meaning meaning(
+      Problem{at, joins ? u"incorrectly concatenated tokens" : ProblemOf(checking, word, left, right)});
   for (const BinaryOperator& row : BinaryOperators()) {
     if (row.word != word || meaning.Of(row.result)) continue;
     const Node* a = ValueOf(checking, left, row.left);
@@ -132,8 +131,6 @@ Meaning ResolveOperator(Checking& checking, Position at, TextView word, const Me
       meaning.candidates.push_back(
           Typed(row.result, checking.code.Make<BinaryNode>(at, row.run, row.result, a, b)));
   }
-  if (word == u"==") AddIdentity(checking, at, SameHandle, left, right, meaning);
-  if (word == u"!=") AddIdentity(checking, at, OtherHandle, left, right, meaning);
   AddPerms(checking, at, word, sides, meaning);
   return meaning;
 }

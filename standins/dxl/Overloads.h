@@ -5,6 +5,7 @@
 
 #include "standins/dxl/Meaning.h"
 #include "standins/dxl/Scopes.h"
+#include "standins/dxl/Unsupported.h"
 
 namespace kestrune::dxl {
 

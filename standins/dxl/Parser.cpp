@@ -8,8 +8,6 @@ namespace kestrune::dxl {
 
 namespace {
 
-constexpr TextView kUnsupported[] = {u"case", u"default", u"enum", u"static", u"struct", u"switch", u"union"};
-
 class Parser {
  public:
   Parser(TextView source, const Library& library)
@@ -58,11 +56,9 @@ class Parser {
         tokens_.Take();
         return (this->*keyword.parse)(std::move(statement));
       }
-      for (const TextView word : kUnsupported) {
-        if (tokens_.IsWord(word)) tokens_.Refuse(word);
-      }
       const bool named = tokens_.Peek(1).kind == TokenKind::kName || tokens_.IsSymbol(u"&", 1);
       if (named && expressions_.TypeAt(0) != kNone) return ParseDeclaration(New(StmtKind::kDeclare));
+      if (UnsupportedAt(tokens_.Peek(), tokens_.Peek(1))) tokens_.SyntaxError();
     }
     StmtPtr statement = New(StmtKind::kExpression);
     statement->exprs.push_back(expressions_.Parse());
@@ -92,6 +88,10 @@ class Parser {
     statement->exprs.push_back(in_parens ? ParseCondition() : expressions_.Parse());
     if (!in_parens) tokens_.ExpectWord(u"then");
     statement->body.push_back(ParseBody());
+    const bool has_semicolon = tokens_.IsSymbol(u";") && tokens_.IsWord(u"else", 1);
+    if (has_semicolon && statement->body[0]->kind == StmtKind::kBlock)
+      tokens_.Refuse(u"a semicolon between a block and else");
+    if (has_semicolon) tokens_.Take();
     if (tokens_.TakeWord(u"else")) statement->body.push_back(ParseBody());
     return statement;
   }

@@ -1,17 +1,21 @@
 #include "standins/dxl/Places.h"
 
+#include <typeinfo>
+
 namespace kestrune::dxl {
 
-Value Variable::Evaluate(Machine& machine) const {
-  const Value& value = *Locate(machine);
-  if (!value.IsAssigned()) return machine.Fail(at, u"unassigned variable (" + name_ + u")", type_);
-  return value;
+Value Variable::Read(const Value& located, Machine& machine) const {
+  if (!located.IsAssigned()) return machine.Fail(at, u"unassigned variable (" + name_ + u")", type_);
+  return located;
 }
 
-Value Element::Evaluate(Machine& machine) const {
-  const Value& value = *Locate(machine);
-  if (!value.IsAssigned()) return machine.Fail(at, u"unassigned array element", type_);
-  return value;
+bool Variable::IsSameVariable(const Node& other) const {
+  return typeid(*this) == typeid(other) && slot_ == static_cast<const Variable&>(other).slot_;
+}
+
+Value Element::Read(const Value& located, Machine& machine) const {
+  if (!located.IsAssigned()) return machine.Fail(at, u"unassigned array element", type_);
+  return located;
 }
 
 Value* Element::Locate(Machine& machine) const {

@@ -7,8 +7,8 @@ namespace kestrune::dxl {
 
 struct Variable : Place {
   Variable(int slot, Text name, Type type) : slot_(slot), name_(std::move(name)), type_(type) {}
-  /// The value; reading a variable that was never assigned is a run-time error.
-  Value Evaluate(Machine& machine) const final;
+  Value Read(const Value& located, Machine& machine) const final;
+  bool IsSameVariable(const Node& other) const final;
 
  protected:
   int slot_;
@@ -36,8 +36,8 @@ struct ReferenceVariable final : Variable {
 
 struct Element final : Place {
   Element(const Node* array, const Node* index, Type type) : array_(array), index_(index), type_(type) {}
-  Value Evaluate(Machine& machine) const override;
   Value* Locate(Machine& machine) const override;
+  Value Read(const Value& located, Machine& machine) const override;
 
  private:
   const Node* array_;

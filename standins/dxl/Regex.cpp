@@ -49,6 +49,7 @@ class Searcher {
     std::vector<Thread> threads;
     std::vector<Thread> next;
     for (int position = 0; position <= Size(); ++position) {
+      SpendOnPosition(threads.size());
       if (!found) Follow(threads, 0, position, unset_);
       if (found && threads.empty()) break;
       next.clear();
@@ -68,6 +69,12 @@ class Searcher {
   }
 
  private:
+  /// A thread does several times the work of copying a character.
+  static void SpendOnPosition(std::size_t threads) {
+    constexpr std::size_t kWorkOfAThread = 5;
+    if (Budget* const budget = Budget::Current()) budget->SpendOn(kWorkOfAThread * (threads + 1));
+  }
+
   int Size() const { return static_cast<int>(text_.size()); }
   char16_t At(int position) const { return text_[static_cast<std::size_t>(position)]; }
 
@@ -116,6 +123,7 @@ Regex::Regex(TextView pattern) {
   RegexParser parser(pattern);
   program_ = parser.Parse();
   group_count_ = parser.GroupCount();
+  for (const Instruction& instruction : program_) set_bytes_ += instruction.set.capacity() * sizeof(Range);
 }
 
 std::vector<Extent> Regex::Search(TextView text) const {

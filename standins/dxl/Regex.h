@@ -18,8 +18,10 @@ class Regex {
   /// Throws ScriptError for a malformed pattern and for what this engine does not know, such as ? and {}.
   explicit Regex(TextView pattern);
 
-  /// The whole match and then the groups; empty when nothing matches.
+  /// The whole match and then the groups; empty when nothing matches. Counts as work of the run under way.
   std::vector<Extent> Search(TextView text) const;
+
+  std::size_t Bytes() const { return program_.size() * sizeof(Instruction) + set_bytes_; }
 
   enum class Kind { kChar, kAny, kSet, kLineStart, kLineEnd, kSplit, kJump, kSave, kMatch };
   struct Range {
@@ -39,6 +41,7 @@ class Regex {
  private:
   std::vector<Instruction> program_;
   int group_count_ = 0;
+  std::size_t set_bytes_ = 0;
 };
 
 }  // namespace kestrune::dxl

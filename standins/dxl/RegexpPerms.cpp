@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "standins/dxl/Buffer.h"
 #include "standins/dxl/CorePerms.h"
 #include "standins/dxl/Library.h"
@@ -9,11 +11,13 @@ namespace kestrune::dxl {
 namespace {
 
 struct Regexp {
-  std::unique_ptr<Regex> regex;  // null once the script has deleted it
+  explicit Regexp(const Text& pattern) : regex(std::in_place, pattern), lease(sizeof(Regexp) + regex->Bytes()) {}
+  std::optional<Regex> regex;  // nothing once the script has deleted it
+  Lease lease;
 };
 
 Value NewRegexp(Call& call) {
-  return Value(std::make_shared<Regexp>(Regexp{std::make_unique<Regex>(call.String(0))}));
+  return Value(std::make_shared<Regexp>(call.String(0)));
 }
 
 /// Sets the match that match, start and end speak of; a failed search clears it.
@@ -72,7 +76,7 @@ void AddRegexpPerms(Library& library) {
               [](Call& call) { return Search(call, Regex(call.String(0)), call.String(1)); });
   library.Add(u"bool search(Regexp, Buffer, int)", SearchFrom);
   library.Add(u"Match__ match(int)",
-              [](Call& call) { return Value(std::make_shared<std::int32_t>(call.Int(0))); });
+              [](Call& call) { return NewHandle(call.Int(0)); });
   library.Add(u"string [](string, Match__)", [](Call& call) { return MatchedText(call, call.String(0)); });
   library.Add(u"string [](Buffer, Match__)",
               [](Call& call) { return MatchedText(call, BufferAt(call, 0).text); });
@@ -81,7 +85,9 @@ void AddRegexpPerms(Library& library) {
   library.Add(u"int end(int)",
               [](Call& call) { return Value(static_cast<std::int32_t>(PlaceAt(call).end - 1)); });
   library.Add(u"void delete(Regexp)", [](Call& call) {
-    call.As<Regexp>(0).regex.reset();
+    auto& regexp = call.As<Regexp>(0);
+    regexp.regex.reset();
+    regexp.lease.Resize(0);
     return Value();
   });
 }

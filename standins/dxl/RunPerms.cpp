@@ -12,20 +12,23 @@ Host& HostOf(const Call& call) {
   return call.State().host;
 }
 
+/// What is printed outlives the run.
+Value Print(const Call& call, TextView text) {
+  call.State().budget.SpendOn(text.size());
+  call.State().budget.Take(text.size() * sizeof(char16_t));
+  HostOf(call).Print(text);
+  return Value();
+}
+
 void AddOutput(Library& library) {
-  library.Add(u"void print(string)", [](Call& call) {
-    HostOf(call).Print(call.String(0));
-    return Value();
-  });
-  library.Add(u"void print(int)", [](Call& call) {
-    HostOf(call).Print(ToText(call.Int(0)) + u"\n");
-    return Value();
-  });
+  library.Add(u"void print(string)", [](Call& call) { return Print(call, call.String(0)); });
+  library.Add(u"void print(int)", [](Call& call) { return Print(call, ToText(call.Int(0)) + u"\n"); });
 }
 
 void AddResult(Library& library) {
   library.Add(u"string oleGetResult()", [](Call& call) { return Value(HostOf(call).Result()); });
   library.Add(u"void oleSetResult(string)", [](Call& call) {
+    call.State().budget.SpendOn(call.String(0).size());
     HostOf(call).SetResult(call.String(0));
     return Value();
   });

@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include "standins/dxl/Budget.h"
+#include "standins/dxl/Containers.h"
 #include "standins/dxl/Error.h"
 #include "standins/dxl/Host.h"
 
@@ -15,9 +17,11 @@ struct Extent {
 };
 
 struct RunState {
-  explicit RunState(Host& host) : host(host) {}
+  RunState(Host& host, Budget& budget) : host(host), budget(budget) {}
 
   Host& host;
+  Budget& budget;
+  Containers containers;
   std::vector<Extent> match;  // of the last regexp application; empty when it failed or there was none
   bool holds_errors = false;  // between noError and lastError
   Text held_error;

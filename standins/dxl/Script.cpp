@@ -26,13 +26,16 @@ CompileResult Compile(const Source& source, const Library& library) {
   return result;
 }
 
-std::optional<Error> Run(const Program& program, Host& host) {
+RunOutcome Run(const Program& program, Host& host, std::size_t memory_limit) {
+  Budget budget(memory_limit);
+  RunOutcome outcome;
   try {
-    Machine(program, host).Run();
+    Machine(program, host, budget).Run();
   } catch (const Stopped& stop) {
-    return Error{program.file_name, stop.at, stop.message, /*is_runtime=*/true};
+    outcome.error = {program.file_name, stop.at, stop.message, /*is_runtime=*/true};
   }
-  return std::nullopt;
+  outcome.cost = {budget.Cycles(), budget.Strings(), budget.PeakBytes()};
+  return outcome;
 }
 
 Text CheckDxl(const Source& source, const Library& library) {

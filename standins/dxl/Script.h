@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "standins/dxl/Budget.h"
 #include "standins/dxl/Error.h"
 #include "standins/dxl/Host.h"
 
@@ -30,13 +31,21 @@ struct CompileResult {
 /// reported, of all others every one. The library must outlive the program.
 CompileResult Compile(const Source& source, const Library& library);
 
-/// Cycles (statements and loop turns) after which DOORS would ask whether to go on. Nobody can answer, so the
-/// script is stopped with an error. `pragma runLim, n` changes the limit, 0 lifts it.
-inline constexpr long long kDefaultRunLimit = 1'000'000;
+/// What a run has used.
+struct RunCost {
+  long long cycles = 0;
+  long long strings = 0;  // texts made, the empty ones left out: what DOORS would keep in its string table
+  std::size_t peak_bytes = 0;
+};
 
-/// Runs the script to its end, a halt or a run-time error, which is returned. A program may be run many
-/// times. Of the exceptions that perms throw, ScriptError becomes a run-time error; any other leaves Run.
-std::optional<Error> Run(const Program& program, Host& host);
+struct RunOutcome {
+  std::optional<Error> error;
+  RunCost cost;
+};
+
+/// Runs the script to its end, a halt or a run-time error. A program may be run many times. Of the exceptions
+/// that perms throw, ScriptError becomes a run-time error; any other leaves Run.
+RunOutcome Run(const Program& program, Host& host, std::size_t memory_limit = kDefaultMemoryLimit);
 
 /// Compiles without running and gives the report that DOORS' checkDXL gives, "" for a script without errors.
 Text CheckDxl(const Source& source, const Library& library);

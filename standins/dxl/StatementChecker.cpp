@@ -227,9 +227,8 @@ const Action* StatementChecker::CheckPragma(const Stmt& statement) {
   const Expr& value = *statement.exprs[0];
   if (value.kind != ExprKind::kLiteral || value.literal.Kind() != kInt)
     throw Problem{value.at, u"incorrect arguments for (pragma)"};
-  if (statement.word == u"stack") return nullptr;  // recursion has its own bound here
   if (statement.word != u"runLim")
-    throw Problem{statement.at, u"pragma " + statement.word + u" is not supported"};
+    throw Problem{statement.at, NotSupported(u"pragma " + statement.word)};
   return checking_.code.Make<RunLimitAction>(statement.at, value.literal.AsInt());
 }
 

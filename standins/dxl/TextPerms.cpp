@@ -4,11 +4,18 @@
 #include "standins/dxl/CorePerms.h"
 #include "standins/dxl/Library.h"
 #include "standins/dxl/Numbers.h"
+#include "standins/dxl/RunState.h"
 #include "standins/dxl/TextAccess.h"
 
 namespace kestrune::dxl {
 
 namespace {
+
+/// A text argument that the perm goes through from one end to the other.
+const Text& WholeText(const Call& call, std::size_t i) {
+  call.State().budget.SpendOn(call.String(i).size());
+  return call.String(i);
+}
 
 int CompareIgnoringCase(TextView a, TextView b) {
   const int order = AsciiLower(a).compare(AsciiLower(b));
@@ -32,20 +39,20 @@ void AddConversions(Library& library) {
   library.Add(u"int intOf(char)", [](Call& call) { return Value(static_cast<std::int32_t>(call.Char(0))); });
   library.Add(u"int intOf(real)", [](Call& call) { return RoundedInt(call.Real(0)); });
   library.Add(u"int intOf(string)", [](Call& call) {
-    const auto number = ParseInt(call.String(0));
+    const auto number = ParseInt(WholeText(call, 0));
     if (!number) throw ScriptError(u"not an int (" + call.String(0) + u")");
     return Value(*number);
   });
   library.Add(u"real realOf(int)", [](Call& call) { return Value(static_cast<double>(call.Int(0))); });
   library.Add(u"real realOf(string)", [](Call& call) {
-    const auto number = ParseReal(call.String(0));
+    const auto number = ParseReal(WholeText(call, 0));
     if (!number) throw ScriptError(u"not a real (" + call.String(0) + u")");
     return Value(*number);
   });
   library.Add(u"char charOf(int)", [](Call& call) { return CharOf(call.Int(0)); });
   library.Add(u"bool isValidInt(string)", [](Call& call) {
     if (call.String(0).empty()) throw ScriptError(u"null string given to (isValidInt)");
-    return Value(ParseInt(call.String(0)).has_value());
+    return Value(ParseInt(WholeText(call, 0)).has_value());
   });
 }
 
@@ -71,7 +78,7 @@ void AddTextPerms(Library& library) {
   library.Add(u"string upper(string)", [](Call& call) { return Value(AsciiUpper(call.String(0))); });
   library.Add(u"string lower(string)", [](Call& call) { return Value(AsciiLower(call.String(0))); });
   library.Add(u"int cistrcmp(string, string)",
-              [](Call& call) { return Value(CompareIgnoringCase(call.String(0), call.String(1))); });
+              [](Call& call) { return Value(CompareIgnoringCase(WholeText(call, 0), WholeText(call, 1))); });
   AddConversions(library);
   AddNullTests(library);
 }

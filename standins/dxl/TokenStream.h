@@ -2,6 +2,7 @@
 #pragma once
 
 #include "standins/dxl/Ast.h"
+#include "standins/dxl/Unsupported.h"
 
 namespace kestrune::dxl {
 
@@ -35,10 +36,11 @@ class TokenStream {
     if (!TakeWord(text)) SyntaxError();
   }
 
-  [[noreturn]] void SyntaxError() const { throw Problem{Peek().at, u"syntax error"}; }
-  [[noreturn]] void Refuse(TextView what) const {
-    throw Problem{Peek().at, Text(what).append(u" is not supported")};
+  [[noreturn]] void SyntaxError() const {
+    if (const auto what = UnsupportedAt(Peek(), Peek(1))) Refuse(*what);
+    throw Problem{Peek().at, u"syntax error"};
   }
+  [[noreturn]] void Refuse(TextView what) const { throw Problem{Peek().at, NotSupported(what)}; }
 
   /// Counts a level of nesting for as long as it lives.
   class Level {

@@ -63,9 +63,9 @@ void AddAttributePerms(PermTable& table) {
     return Value(module.AttributeHandle(module.content.AttributeAt(call.String(1))));
   });
   table.Add(u"AttrName__ attribute(string)",
-            [](Call& call) { return Value(std::make_shared<Text>(call.String(0))); });
+            [](Call& call) { return dxl::NewHandle(NameHandle(call, 0)); });
   table.Add(u"bool exists(AttrName__)", [&](Call& call) {
-    return Value(CurrentModule(session).content.AttributeAt(call.As<Text>(0)) != kNone);
+    return Value(CurrentModule(session).content.AttributeAt(call.As<NameHandle>(0).Get()) != kNone);
   });
   table.Add(u"bool hasSpecificValue(Object, AttrDef)", [](Call& call) {
     const PlaceInModule& object = PlaceOf(call, 0);

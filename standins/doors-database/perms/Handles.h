@@ -13,21 +13,14 @@ struct ItemHandle {
   ItemId id = 0;
 };
 
-/// Behind ModName_ and ModuleVersion: a module that may or may not be there.
-struct ModuleReference {
-  Text path;
-};
+/// Behind ModName_ (a path), View and AttrName__: what a script calls something that may or may not be there.
+struct NameHandle {
+  explicit NameHandle(const dxl::Call& call, std::size_t argument) : kept(call.At(argument)) {}
+  const Text& Get() const { return kept.AsText(); }
 
-/// Behind View: a name, known to a module or not.
-struct ViewReference {
-  Text name;
+ private:
+  dxl::Value kept;  // the script's own text, not a copy of it
 };
-
-/// A handle, or the null handle.
-template <typename Handle>
-dxl::Value HandleOf(const std::optional<Handle>& handle) {
-  return handle ? dxl::Value(std::make_shared<Handle>(*handle)) : dxl::Value(std::shared_ptr<Handle>());
-}
 
 inline Item ItemOf(DoorsSession& session, dxl::Call& call, std::size_t i) {
   auto item = session.Database().Find(call.As<ItemHandle>(i).id);

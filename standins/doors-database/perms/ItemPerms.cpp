@@ -15,7 +15,7 @@ constexpr std::size_t kIdDigits = 8;
 dxl::Next Walk(std::vector<ItemId> ids) {
   return [ids = std::move(ids), next = std::size_t{0}](Value& value) mutable {
     if (next == ids.size()) return false;
-    value = Value(std::make_shared<ItemHandle>(ids[next++]));
+    value = dxl::NewHandle(ItemHandle{ids[next++]});
     return true;
   };
 }
@@ -39,7 +39,7 @@ bool IsAny(const Item&) {
 
 Value HandleIf(const std::optional<Item>& item, bool (*is_wanted)(const Item&)) {
   if (!item || !item->readable || !is_wanted(*item)) return Value(std::shared_ptr<ItemHandle>());
-  return Value(std::make_shared<ItemHandle>(item->id));
+  return dxl::NewHandle(ItemHandle{item->id});
 }
 
 /// The path of what an item lies in; "" for the root, which lies in nothing.

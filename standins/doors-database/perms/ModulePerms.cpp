@@ -31,13 +31,16 @@ const Text& ModulePath(Call& call) {
 void AddNames(PermTable& table) {
   DoorsSession& session = table.session;
   table.Add(u"ModName_ module(string)",
-            [](Call& call) { return Value(std::make_shared<ModuleReference>(ModulePath(call))); });
+            [](Call& call) {
+              ModulePath(call);
+              return dxl::NewHandle(NameHandle(call, 0));
+            });
   table.Add(u"bool module(string)",
             [&](Call& call) { return Value(ModuleItem(session, ModulePath(call)).has_value()); });
-  const auto found = [&session](Call& call) { return ModuleItem(session, call.As<ModuleReference>(0).path); };
+  const auto found = [&session](Call& call) { return ModuleItem(session, call.As<NameHandle>(0).Get()); };
   const auto existing = [found](Call& call) {
     auto item = found(call);
-    if (!item) throw ScriptError(u"there is no module " + call.As<ModuleReference>(0).path);
+    if (!item) throw ScriptError(u"there is no module " + call.As<NameHandle>(0).Get());
     return std::move(*item);
   };
   table.Add(u"bool exists(ModName_)", [=](Call& call) { return Value(found(call).has_value()); });
@@ -54,7 +57,7 @@ void AddNames(PermTable& table) {
     return Value(item && session.FindOpen(item->id));
   });
   table.Add(u"ModuleVersion moduleVersion(ModName_)",
-            [](Call& call) { return Value(call.Share<ModuleReference>(0)); });
+            [](Call& call) { return Value(call.Share<NameHandle>(0)); });
   table.Add(u"Module data(ModuleVersion)", [=, &session](Call& call) {
     const auto item = found(call);
     return Value(item ? session.FindOpen(item->id) : nullptr);

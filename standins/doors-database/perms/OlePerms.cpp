@@ -13,9 +13,14 @@ struct OleObject {
   Object object;  // nothing once closed
 };
 
+/// What a node of a document takes, as long as the document is there: to the end of the run, for all that the
+/// script can tell.
+constexpr std::size_t kNodeBytes = 200;
+
 struct OleArguments {
   Args values;
   bool has_named = false;
+  dxl::Lease lease;
 };
 
 constexpr const char16_t* kValueTypes[] = {u"string", u"int", u"bool", u"char", u"OleAutoObj"};
@@ -51,7 +56,9 @@ void Assign(Call& call, std::size_t i, const Variant& value) {
   if (type == dxl::kBool) return call.Set(i, Value(value.ToBool()));
   if (type == dxl::kChar) return call.Set(i, Value(value.ToText().empty() ? u'\0' : value.ToText().front()));
   const Object object = value.ToObject();
-  call.Set(i, Value(object ? std::make_shared<OleObject>(object) : nullptr));
+  if (!object) return call.Set(i, Value(std::shared_ptr<OleObject>()));
+  call.State().budget.Take(kNodeBytes);
+  call.Set(i, dxl::NewHandle(OleObject{object}));
 }
 
 /// The perms answer null when all went well, and otherwise say what did not.
@@ -83,6 +90,7 @@ Value Get(Call& call, bool has_arguments) {
 
 Value Put(Call& call) {
   return Report(u"Property", call.String(1), [&] {
+    if (call.TypeOf(2) == dxl::kString) call.State().budget.Take(call.String(2).size());
     Target(call).Put(call.String(1), VariantOf(call, 2));
     return Text();
   });
@@ -100,7 +108,7 @@ Value Method(Call& call, bool has_arguments, bool has_result) {
 }
 
 Value Create(ObjectFactory& objects, const Text& prog_id) try {
-  return Value(std::make_shared<OleObject>(objects.Create(prog_id)));
+  return dxl::NewHandle(OleObject{objects.Create(prog_id)});
 } catch (const AutomationError&) {  // the script is told by a null handle
   return Value(std::shared_ptr<OleObject>());
 }
@@ -110,7 +118,10 @@ void AddArgumentPerms(PermTable& table) {
   for (const auto* type : kValueTypes) {
     const TextView null_mark = TextView(type) == u"OleAutoObj" ? u"?)" : u")";
     table.Add(Signature(u"void put(OleAutoArgs, ", type, null_mark), [](Call& call) {
-      call.As<OleArguments>(0).values.push_back(VariantOf(call, 1));
+      auto& arguments = call.As<OleArguments>(0);
+      const std::size_t text = call.TypeOf(1) == dxl::kString ? BytesOf(call.String(1)) : 0;
+      arguments.lease.Grow(sizeof(Variant) + text);
+      arguments.values.push_back(VariantOf(call, 1));
       return Value();
     });
     table.Add(Signature(u"void put(OleAutoArgs, string, ", type, null_mark), [](Call& call) {
@@ -120,7 +131,10 @@ void AddArgumentPerms(PermTable& table) {
   }
   for (const auto* signature : {u"void clear(OleAutoArgs)", u"void delete(OleAutoArgs)"})
     table.Add(signature, [](Call& call) {
-      call.As<OleArguments>(0) = {};
+      auto& arguments = call.As<OleArguments>(0);
+      arguments.values.clear();
+      arguments.has_named = false;
+      arguments.lease.Resize(0);
       return Value();
     });
 }

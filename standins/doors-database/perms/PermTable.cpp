@@ -5,6 +5,8 @@ namespace kestrune::standins {
 void PermTable::Add(TextView signature, dxl::Perm perm) {
   library_.Add(signature, [this, perm = std::move(perm)](dxl::Call& call) {
     Count();
+    for (std::size_t i = 0; i < call.Count(); ++i)
+      if (call.TypeOf(i) == dxl::kString) call.State().budget.SpendOn(call.String(i).size());
     return perm(call);
   });
 }
@@ -32,6 +34,7 @@ void AddDoorsPerms(PermTable& table) {
     table.AddType(type);
   table.AddAlias(u"ModuleRef__", u"Module");
   table.AddAlias(u"ObjectRef__", u"Object");
+  for (const auto* type : {u"Module", u"Object", u"AttrDef"}) table.AddIdentity(type);
   AddItemPerms(table);
   AddModulePerms(table);
   AddViewPerms(table);

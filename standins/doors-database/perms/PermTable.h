@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "standins/doors-database/DoorsSession.h"
 #include "standins/dxl/Library.h"
+#include "standins/dxl/RunState.h"
 
 namespace kestrune::standins {
 
@@ -12,10 +13,11 @@ class PermTable {
   PermTable(dxl::Library& library, DoorsSession& session, ObjectFactory& objects)
       : session(session), objects(objects), library_(library) {}
 
-  /// See Library; the session must outlive the library.
+  /// See Library; the session must outlive the library. A perm counts its texts as work.
   void Add(TextView signature, dxl::Perm perm);
   void AddLoop(TextView signature, dxl::Loop start);
   void AddType(TextView name) { library_.AddType(name); }
+  void AddIdentity(TextView type) { library_.AddIdentity(type); }
   void AddAlias(TextView alias, TextView type) { library_.AddAlias(alias, type); }
 
   /// Calls `interrupt` before the n-th perm from now on (1: the next one); what it throws ends the script.

@@ -23,7 +23,7 @@ struct AttributeReference {
 
 /// Behind Attr__ as well, where the module itself is asked: it has no markup.
 Value OfModule(OpenModule& module, int attribute) {
-  return Value(std::make_shared<AttributeReference>(module.shared_from_this(), kNone, attribute));
+  return dxl::NewHandle(AttributeReference{module.shared_from_this(), kNone, attribute});
 }
 
 const AttributeDefinition* DefinitionNamed(const OpenModule& module, const Text& name, int& place) {
@@ -39,7 +39,7 @@ Value ObjectAttribute(Call& call) {
     throw ScriptError(u"unknown Object attribute (" + call.String(1) + u")");
   if (!object.module->At(object.place).readable)
     throw ScriptError(u"no read access to object " + object.module->Identifier(object.place));
-  return Value(std::make_shared<AttributeReference>(object.module->shared_from_this(), object.place, place));
+  return dxl::NewHandle(AttributeReference{object.module->shared_from_this(), object.place, place});
 }
 
 Value ModuleAttribute(Call& call) {

@@ -9,36 +9,33 @@ using dxl::Call;
 using dxl::ScriptError;
 using dxl::Value;
 
-Value Load(DoorsSession& session, OpenModule& module, const ViewReference& view) {
+Value Load(DoorsSession& session, Call& call, OpenModule& module, const NameHandle& view) {
   bool refuses = false;
-  const bool is_loaded = session.LoadView(module, view.name, refuses);
+  call.State().budget.SpendOn(module.content.Objects().size());
+  const bool is_loaded = session.LoadView(module, view.Get(), refuses);
   if (refuses) {
-    throw ScriptError(u"the view " + view.name +
+    throw ScriptError(u"the view " + view.Get() +
                       u" has a filter and the module has no window: whether DOORS would " +
                       u"narrow it is not known");
   }
   return Value(is_loaded);
 }
 
-Value NewReference(const Text& name) {
-  return Value(std::make_shared<ViewReference>(name));
-}
-
 }  // namespace
 
 void AddViewPerms(PermTable& table) {
   DoorsSession& session = table.session;
-  table.Add(u"View view(string)", [](Call& call) { return NewReference(call.String(0)); });
-  table.Add(u"View view(Item, string)", [](Call& call) { return NewReference(call.String(1)); });
+  table.Add(u"View view(string)", [](Call& call) { return dxl::NewHandle(NameHandle(call, 0)); });
+  table.Add(u"View view(Item, string)", [](Call& call) { return dxl::NewHandle(NameHandle(call, 1)); });
   table.Add(u"bool load(View)",
-            [&](Call& call) { return Load(session, CurrentModule(session), call.As<ViewReference>(0)); });
+            [&](Call& call) { return Load(session, call, CurrentModule(session), call.As<NameHandle>(0)); });
   for (const auto* signature : {u"bool load(Module, View)", u"bool load(Module, View, bool)"})
     table.Add(signature,
-              [&](Call& call) { return Load(session, ModuleOf(call, 0), call.As<ViewReference>(1)); });
+              [&](Call& call) { return Load(session, call, ModuleOf(call, 0), call.As<NameHandle>(1)); });
   table.Add(u"string currentView(Module)", [](Call& call) { return Value(ModuleOf(call, 0).ViewName()); });
   table.Add(u"bool canRead(Module, View)", [&](Call& call) {
     const auto view =
-        ReadView(session.Database().Sql(), ModuleOf(call, 0).id, call.As<ViewReference>(1).name);
+        ReadView(session.Database().Sql(), ModuleOf(call, 0).id, call.As<NameHandle>(1).Get());
     return Value(view && view->loadable);
   });
   table.AddLoop(u"for string in views Module", [&](Call& call) -> dxl::Next {

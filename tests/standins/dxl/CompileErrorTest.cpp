@@ -20,8 +20,8 @@ constexpr Row kLines[] = {
     {"int i = 1\n+ 2 3", "line 3: incorrectly concatenated tokens"},
     {"string s[2]\nprint s\n[0]", "line 4: syntax error"},
     {"if (true) // why\nprint \"x\"",
-     "line 2: a comment between the head of a statement and a body without braces is not supported"},
-    {"if (true) print \"a\"; else print \"b\"", "line 2: syntax error"},
+     "line 2: a comment between the head of a statement and a body without braces is not supported here"},
+    {"if (true) {}; else print \"b\"", "line 2: a semicolon between a block and else is not supported here"},
     {"if (true) {\nprint \"a\"", "line 3: syntax error"},
     {"print \"abc\nprint 1", "line 2: unterminated literal"},
     {"/* abc", "line 2: unterminated comment"},
@@ -29,18 +29,27 @@ constexpr Row kLines[] = {
 };
 
 constexpr Row kWords[] = {
-    {"switch (1) {}", "line 2: switch is not supported"},
-    {"static int i", "line 2: static is not supported"},
+    {"switch (1) {}", "line 2: switch is not supported here"},
+    {"static int i", "line 2: static is not supported here"},
     {"int module = 1", "line 2: syntax error"},
     {"int by = 1", "line 2: syntax error"},
     {"int _x", "line 2: unexpected character (_)"},
-    {"#include <file>", "line 2: syntax error"},
-    {"int i = 1 -> 2", "line 2: syntax error"},
-    {"int i = (1 <? 2)", "line 2: the operator <? is not supported"},
-    {"int &i", "line 2: a reference variable is not supported"},
+    {"#include <file>", "line 2: #include is not supported here"},
+    {"int i = 1 -> 2", "line 2: the operator -> is not supported here"},
+    {"print \"a\" << 2", "line 2: the operator << is not supported here"},
+    {"Baseline b", "line 2: the type Baseline is not supported here"},
+    {"void show(DB box, int i) {}", "line 2: the type DB is not supported here"},
+    {"DB box = create \"Title\"", "line 2: the type DB is not supported here"},
+    {"ack \"done\"", "line 2: the perm ack is not supported here"},
+    {"save(null, 1)", "line 2: the perm save is not supported here"},
+    {"pragma stack, 10000", "line 2: pragma stack is not supported here"},
+    {"int i = 1 \x02", "line 2: unexpected character (U+0002)"},
+    {"int i = 1 @", "line 2: unexpected character (@)"},
+    {"int i = (1 <? 2)", "line 2: the operator <? is not supported here"},
+    {"int &i", "line 2: a reference variable is not supported here"},
     {"void f(void g(int)) {}", "line 2: syntax error"},
-    {"void f(int a = 1) {}", "line 2: a default value of a parameter is not supported"},
-    {"pragma encoding, 1", "line 2: pragma encoding is not supported"},
+    {"void f(int a = 1) {}", "line 2: a default value of a parameter is not supported here"},
+    {"pragma encoding, 1", "line 2: pragma encoding is not supported here"},
     {"int i = 09", "line 2: malformed number"},
     {"int i = 2147483648", "line 2: number too large"},
     {"int i = 12ab", "line 2: malformed number"},
@@ -63,6 +72,7 @@ constexpr Row kNames[] = {
     {"string name = \"\"\nAttrDef ad\nfor ad in current Module do print ad.name",
      "line 4: variable (name) hides the property of that name"},
     {"AttrDef ad = null\nprint ad.nothing", "line 3: undeclared variable (nothing)"},
+    {"AttrDef ad = null\nprint ad.size", "line 3: the property size is not supported here"},
 };
 
 constexpr Row kTypes[] = {
@@ -73,9 +83,11 @@ constexpr Row kTypes[] = {
     {"Object o = null\nif (o.\"A\" == \"x\") print \"y\"", "line 3: incorrect arguments for (==)"},
     {"Object o = null\nbool b = o.\"A\"", "line 3: incorrect arguments for (=)"},
     {"Object o = null\nModule m = null\nbool b = o == m", "line 4: incorrect arguments for (==)"},
+    {"Buffer b = create\nbool same = b == b", "line 3: == of type Buffer is not supported here"},
+    {"Skip s = create\nbool same = null != s", "line 3: != of type Skip is not supported here"},
     {"Skip s = create\nint i = key s", "line 3: incorrect arguments for (=)"},
     {"print upper(\"ab\")[0]",
-     "line 2: a call directly before [ without parentheses around it is not supported"},
+     "line 2: a call directly before [ without parentheses around it is not supported here"},
     {"int i\nModule m = null\nfor i in entire m do print i", "line 4: incorrect arguments for (for)"},
     {"break", "line 2: break outside a loop"},
     {"int f() {\nreturn\n}", "line 3: incorrect arguments for (return)"},
@@ -105,7 +117,7 @@ TEST(ErrorText, ShowsTheLineAndThePlace) {
   const CompileResult compiled = Compile({u"a.dxl", script}, library);
   ASSERT_EQ(compiled.errors.size(), 1u);
   EXPECT_EQ(compiled.errors[0].at.column, 11);
-  EXPECT_EQ(Explain(compiled.errors[0], script),
+  EXPECT_EQ(Explain(compiled.errors, script),
             u"a.dxl:2:11: undeclared variable (totla)\n\tif (n == totla) print \"x\"\n\t         ^\n");
   EXPECT_EQ(
       CheckDxl({u"", script}, library),

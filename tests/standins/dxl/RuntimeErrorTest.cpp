@@ -36,6 +36,15 @@ constexpr Row kRows[] = {
     {"Skip s = create\nint i = (int key s)", "line 3: key of a Skip outside a loop over it"},
     {"Skip s = create\nput(s, 1, 2)\nint i\nfor i in s do { string t = (string key s) }",
      "line 5: value of another type than expected"},
+    {"Skip s = create\nput(s, 1, 2)\nint i\nfor i in s do put(s, 2, 3)",
+     "line 5: a Skip cannot be changed inside a loop over it"},
+    {"Skip s = create\nput(s, 1, 2)\nint i\nfor i in s do delete(s, 1)",
+     "line 5: a Skip cannot be changed inside a loop over it"},
+    {"Skip s = create\nput(s, 1, 2)\nint i\nfor i in s do delete s",
+     "line 5: a Skip cannot be changed inside a loop over it"},
+    {"Skip s = create\nput(s, 1, 2)\nint i\nfor i in s do break\ni = (int key s)",
+     "line 6: key of a Skip outside a loop over it"},
+    {"int i\nfor i in 0:3 do i++", "line 3: the variable of a range was changed inside its loop"},
     {"Buffer b = create\ndelete b\nb += \"x\"", "line 4: deleted Buffer used"},
     {"int f(int i) {\nif (i > 1) return i\n}\nint j = f(0)", "line 5: function (f) ended without a return"},
     {"Module f() {\nreturn read(\"/None\", false)\n}\nModule m = f()", "line 3: no such module"},
@@ -44,8 +53,8 @@ constexpr Row kRows[] = {
     {"int i = 0\nwhile (true) i++", "line 3: execution time limit reached"},
     {"noError()\nvoid f() { }\nfor (;;) f()", "line 4: execution time limit reached"},
     {"int f(int i) { return f(i + 1) }\nint j = f(0)", "line 2: recursion too deep in function (f)"},
-    {"string s = \"x\"\nwhile (true) s = s s", "line 3: text too long"},
-    {"Buffer b = create\nb += \"x\"\nwhile (true) b += b", "line 4: text too long"},
+    {"pragma runLim, 0\nstring s = \"x\"\nwhile (true) s = s s", "line 4: text too long"},
+    {"pragma runLim, 0\nBuffer b = create\nb += \"x\"\nwhile (true) b += b", "line 5: text too long"},
 };
 
 TEST(RuntimeError, EndsTheScript) {
@@ -65,14 +74,14 @@ TEST(Run, LeavesThePlaceToTheCallerAndCanBeRepeated) {
   ASSERT_TRUE(compiled.program);
   RecordingHost host;
   host.SetResult(u"0");
-  const auto error = dxl::Run(*compiled.program, host);
+  const auto error = dxl::Run(*compiled.program, host).error;
   ASSERT_TRUE(error);
   EXPECT_EQ(error->file, u"a.dxl");
   EXPECT_EQ(error->at.column, 18);
   EXPECT_EQ(DoorsReport({*error}), u"-R-E- DXL: <Line:2> division by zero\n-I- DXL: execution halted\n");
   EXPECT_EQ(host.result, u"0") << "a failed script leaves the former result";
   host.SetResult(u"5");
-  EXPECT_FALSE(dxl::Run(*compiled.program, host));
+  EXPECT_FALSE(dxl::Run(*compiled.program, host).error);
   EXPECT_EQ(host.result, u"2");
 }
 

@@ -130,6 +130,7 @@ std::unique_ptr<Library> NewTestLibrary() {
   for (const TextView type : {u"Module", u"ModName_", u"Object", u"AttrDef", u"Attr__"})
     library->AddType(type);
   library->AddAlias(u"ModuleRef__", u"Module");
+  for (const TextView type : {u"Module", u"Object", u"AttrDef"}) library->AddIdentity(type);
   AddObjects(*library);
   AddAttributes(*library);
   AddDefinitions(*library);
@@ -137,14 +138,16 @@ std::unique_ptr<Library> NewTestLibrary() {
   return library;
 }
 
-Outcome RunScript(const std::string& script) {
+Outcome RunScript(const std::string& script, std::size_t memory_limit) {
   Outcome outcome;
   const auto library = NewTestLibrary();
   const CompileResult compiled = Compile({u"test", FromUtf8(script)}, *library);
   for (const Error& error : compiled.errors) outcome.compile_errors.push_back(Describe(error));
   if (!compiled.program) return outcome;
   RecordingHost host;
-  if (const auto error = Run(*compiled.program, host)) outcome.runtime_error = Describe(*error);
+  const auto [error, cost] = Run(*compiled.program, host, memory_limit);
+  if (error) outcome.runtime_error = Describe(*error);
+  outcome.cost = cost;
   outcome.printed = ToUtf8(host.printed);
   return outcome;
 }

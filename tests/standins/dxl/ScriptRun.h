@@ -26,8 +26,9 @@ struct Outcome {
   std::string printed;
   std::vector<std::string> compile_errors;  // "line 2: message"
   std::string runtime_error;                // the same form, "" for none
+  RunCost cost;
 };
 
-Outcome RunScript(const std::string& script);
+Outcome RunScript(const std::string& script, std::size_t memory_limit = kDefaultMemoryLimit);
 
 }  // namespace kestrune::dxl
