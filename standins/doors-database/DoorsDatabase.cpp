@@ -36,8 +36,19 @@ void DoorsDatabase::MakeTables() {
   Transaction transaction(database_);
   database_.Exec(kDoorsSchema);
   database_.Exec(("PRAGMA application_id = " + std::to_string(kDoorsApplicationId)).c_str());
-  database_.Exec(("PRAGMA user_version = " + std::to_string(kDoorsSchemaVersion)).c_str());
+  SetVersion();
   transaction.Commit();
+}
+
+void DoorsDatabase::Upgrade() {
+  Transaction transaction(database_);
+  database_.Exec(kDoorsSchemaFrom1);
+  SetVersion();
+  transaction.Commit();
+}
+
+void DoorsDatabase::SetVersion() {
+  database_.Exec(("PRAGMA user_version = " + std::to_string(kDoorsSchemaVersion)).c_str());
 }
 
 bool DoorsDatabase::HasOurTables(const std::filesystem::path& path) try {
@@ -45,8 +56,9 @@ bool DoorsDatabase::HasOurTables(const std::filesystem::path& path) try {
     Statement statement = database_.PrepareOnce(sql);
     return statement.Step() ? statement.Int(0) : 0;
   };
-  return pragma("PRAGMA application_id") == kDoorsApplicationId &&
-         pragma("PRAGMA user_version") == kDoorsSchemaVersion;
+  if (pragma("PRAGMA application_id") != kDoorsApplicationId) return false;
+  if (pragma("PRAGMA user_version") == 1) Upgrade();
+  return pragma("PRAGMA user_version") == kDoorsSchemaVersion;
 } catch (const AutomationError& failure) {
   if (failure.Description == kNoDatabase) return false;
   throw AutomationError(failure.Number, failure.Source, FromPath(path) + u": " + failure.Description);

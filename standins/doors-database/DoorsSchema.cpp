@@ -25,6 +25,7 @@ CREATE TABLE attribute (
   on_module INTEGER NOT NULL DEFAULT 0,
   system INTEGER NOT NULL DEFAULT 0,
   multi INTEGER NOT NULL DEFAULT 0,
+  readable INTEGER NOT NULL DEFAULT 1,
   UNIQUE (module, name));
 
 CREATE TABLE object (
@@ -77,5 +78,7 @@ CREATE TRIGGER system_attributes AFTER INSERT ON item WHEN new.type IN ('Formal'
     (new.id, -1, 'Object Text', 'Text', 0, 1);
 END;
 )sql";
+
+const char* const kDoorsSchemaFrom1 = "ALTER TABLE attribute ADD COLUMN readable INTEGER NOT NULL DEFAULT 1";
 
 }  // namespace kestrune::standins

@@ -25,6 +25,17 @@ void DoorsSession::Close(OpenModule& module) {
   std::erase_if(open_, [&](const auto& open) { return open.get() == &module; });
 }
 
+bool DoorsSession::CloseAsking(OpenModule& module) {
+  if (!module.is_edited) return Close(module), true;
+  complaints_.push_back(u"asked whether to save " + module.path);
+  return false;
+}
+
+void DoorsSession::CloseLosing(OpenModule& module) {
+  if (module.is_edited) complaints_.push_back(u"lost the changes of " + module.path);
+  Close(module);
+}
+
 void DoorsSession::CloseAll() {
   while (!open_.empty()) Close(*std::shared_ptr<OpenModule>(open_.back()));
 }

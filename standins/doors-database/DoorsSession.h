@@ -26,7 +26,19 @@ class DoorsSession {
   /// AutomationError when its content makes no sense.
   std::shared_ptr<OpenModule> OpenItem(const Item& item, bool is_displayed);
   void Close(OpenModule& module);
+  /// `close` without a word on saving: the user is asked about unsaved changes, and nobody answers. False then,
+  /// and the module stays open.
+  bool CloseAsking(OpenModule& module);
+  /// `close` that saves nothing: what was not saved is lost.
+  void CloseLosing(OpenModule& module);
   void CloseAll();
+
+  /// What the user was asked by scripts, or lost through them.
+  const std::vector<Text>& Complaints() const { return complaints_; }
+
+  /// To be kept by every loop over the database's items or modules for as long as it goes on.
+  std::shared_ptr<void> NewWalk() const { return walks_; }
+  bool IsWalked() const { return walks_.use_count() > 1; }
 
   /// False when the module has no such view or it cannot be loaded. `refuses` is set when it is not known
   /// what DOORS does: a view with a filter, loaded into a module without a window.
@@ -43,6 +55,8 @@ class DoorsSession {
   Text temp_folder_;
   std::unique_ptr<DoorsWindows> windows_;
   std::vector<std::shared_ptr<OpenModule>> open_;
+  std::vector<Text> complaints_;
+  std::shared_ptr<void> walks_ = std::make_shared<char>();
   int temp_names_ = 0;
 };
 

@@ -91,7 +91,7 @@ std::optional<std::vector<Text>> DoorsStandIn::ViewsOf(TextView module_path) {
 std::vector<OpenModuleState> DoorsStandIn::OpenModules() const {
   std::vector<OpenModuleState> states;
   for (const auto& module : session_.Open()) {
-    states.push_back({module->path, module->is_displayed, module->ViewName(),
+    states.push_back({module->path, module->is_displayed, module->is_edited, module->ViewName(),
                       NumberAt(*module, module->current_object), NumberAt(*module, module->scrolled_to)});
   }
   return states;
@@ -102,6 +102,10 @@ bool DoorsStandIn::UserOpens(TextView module_path, bool is_displayed, const Text
   if (!item || !item->IsModule()) return false;
   bool refuses = false;
   return session_.LoadView(*session_.OpenItem(*item, is_displayed), view, refuses);
+}
+
+void DoorsStandIn::UserEdits(TextView module_path) {
+  session_.FindOpen(session_.Database().FindPath(module_path)->id)->is_edited = true;
 }
 
 }  // namespace kestrune::standins

@@ -19,6 +19,7 @@ struct ScriptOutcome {
 struct OpenModuleState {
   Text path;
   bool is_displayed = false;
+  bool is_edited = false;
   Text view;
   int current_object = 0;  // absolute number, 0 for none
   int scrolled_to = 0;
@@ -65,9 +66,14 @@ class DoorsStandIn : private dxl::Host {
   /// Names of a module's views, without "Standard view"; nothing when there is no such module.
   std::optional<std::vector<Text>> ViewsOf(TextView module_path);
   std::vector<OpenModuleState> OpenModules() const;
+  /// What the user was asked by scripts ("asked whether to save /P/M"), or lost through them ("lost the changes
+  /// of /P/M"). A question ends as if the user had cancelled it.
+  const std::vector<Text>& Complaints() const { return session_.Complaints(); }
 
   /// What a user does in DOORS. False when there is no such module, or no such view that can be loaded.
   bool UserOpens(TextView module_path, bool is_displayed, const Text& view = Text(kStandardView));
+  /// Changes something in a module that is open, and does not save it yet.
+  void UserEdits(TextView module_path);
   void UserClosesAll() { session_.CloseAll(); }
 
  private:

@@ -23,7 +23,7 @@ ModuleContent::ModuleContent(DoorsDatabase& database, ItemId module) {
 
 ModuleContent::IndexById ModuleContent::ReadAttributes(Database& database, ItemId module) {
   Statement row = database.Prepare(
-      "SELECT id, name, type, on_object, on_module, system, multi FROM attribute WHERE module = ? "
+      "SELECT id, name, type, on_object, on_module, system, multi, readable FROM attribute WHERE module = ? "
       "ORDER BY position, id",
       module);
   IndexById index;
@@ -31,7 +31,7 @@ ModuleContent::IndexById ModuleContent::ReadAttributes(Database& database, ItemI
     const int place = static_cast<int>(attributes_.size());
     index[row.Int64(0)] = place;
     attributes_.push_back({row.Int64(0), row.GetText(1), row.GetText(2), row.Int(3) != 0, row.Int(4) != 0,
-                           row.Int(5) != 0, row.Int(6) != 0});
+                           row.Int(5) != 0, row.Int(6) != 0, row.Int(7) != 0});
     attribute_by_name_.emplace(attributes_.back().name, place);
   }
   return index;

@@ -18,6 +18,7 @@ struct AttributeDefinition {
   bool on_module = false;
   bool system = false;
   bool multi = false;
+  bool readable = true;
 };
 
 /// Objects are known by their place in document order, which is depth first.

@@ -1,7 +1,5 @@
 #include "standins/doors-database/OpenModule.h"
 
-#include "standins/doors-database/OutlineNumbers.h"
-
 namespace kestrune::standins {
 
 namespace {
@@ -39,12 +37,12 @@ bool OpenModule::ShowView(const Text& name, const std::vector<FilterCondition>& 
 
 void OpenModule::ShowDeleted(bool on) {
   shows_deleted_ = on;
-  numbers_.clear();
+  numbers_.reset();
 }
 
-const Text& OpenModule::OutlineNumber(int place) {
-  if (numbers_.empty()) numbers_ = OutlineNumbers(content, shows_deleted_);
-  return numbers_[static_cast<std::size_t>(place)];
+Text OpenModule::OutlineNumber(int place) {
+  if (!numbers_) numbers_.emplace(content, shows_deleted_);
+  return numbers_->At(place);
 }
 
 std::shared_ptr<PlaceInModule> OpenModule::Handle(std::vector<PlaceInModule>& handles, int place) {

@@ -5,6 +5,7 @@
 
 #include "platform/Desktop.h"
 #include "standins/doors-database/ModuleContent.h"
+#include "standins/doors-database/OutlineNumbers.h"
 #include "standins/doors-database/ViewFilter.h"
 
 namespace kestrune::standins {
@@ -31,6 +32,7 @@ class OpenModule : public std::enable_shared_from_this<OpenModule> {
 
   bool is_open = true;  // false once closed; whatever a script still holds of it is dead then
   bool is_displayed;
+  bool is_edited = false;  // open for editing, with changes that are not saved
   WindowHandle window = 0;
   int current_object = ModuleContent::kNone;
   int scrolled_to = ModuleContent::kNone;
@@ -47,7 +49,7 @@ class OpenModule : public std::enable_shared_from_this<OpenModule> {
   bool IsAccepted(int place) const { return !is_filtering_ || accepted_[static_cast<std::size_t>(place)]; }
   /// Whether the object is in the display set, as which headers and rows of tables count too.
   bool IsInDisplaySet(int place) const { return IsAccepted(place) && (shows_deleted_ || !At(place).deleted); }
-  const Text& OutlineNumber(int place);
+  Text OutlineNumber(int place);
 
   const DoorsObject& At(int place) const { return content.Objects()[static_cast<std::size_t>(place)]; }
   Text Identifier(int place) const { return prefix + ToText(At(place).absolute_number); }
@@ -63,7 +65,7 @@ class OpenModule : public std::enable_shared_from_this<OpenModule> {
   bool is_filtering_ = false;
   bool shows_deleted_ = false;
   std::vector<bool> accepted_;
-  std::vector<Text> numbers_;  // empty until one is asked for
+  std::optional<OutlineNumbers> numbers_;  // nothing until one is asked for
   std::vector<PlaceInModule> object_handles_;
   std::vector<PlaceInModule> attribute_handles_;
 };

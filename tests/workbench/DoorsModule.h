@@ -64,6 +64,10 @@ class DoorsModule {
         .Run();
   }
 
+  void SetAttributeReadable(const Text& attribute, bool readable) {
+    sql_.Prepare("UPDATE attribute SET readable = ? WHERE module = ? AND name = ?", readable, id_, attribute).Run();
+  }
+
   /// "" takes the value away.
   void Set(int number, const Text& attribute, const Text& value) {
     sql_.Prepare(

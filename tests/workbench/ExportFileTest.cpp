@@ -97,6 +97,26 @@ TEST_F(ExportFile, WritesTheValuesThatAnObjectHasAndNoOthers) {
   }
 }
 
+/// DOORS keeps every text that a script makes. An object costs its own values: identifier, numbers, texts; its level,
+/// its parent's identifier and the names of attributes and elements are there already.
+TEST_F(ExportFile, MakesNoTextsBeyondTheValues) {
+  DoorsModule large(database, u"Large");
+  large.AddAttribute(u"Status");
+  const auto texts_made = [&] {
+    Answer(dxl_script::kExportModule, u"/P/Large~0~~");
+    return doors.Cost().strings;
+  };
+  large.AddObject(1, 0, 1);
+  large.AddObject(2, 1, 1);
+  large.Set(2, u"Status", u"Open");
+  const auto few = texts_made();
+  for (int i = 3; i < 103; ++i) {
+    large.AddObject(i, 1, i);
+    large.Set(i, u"Status", u"Open");
+  }
+  EXPECT_EQ((texts_made() - few) / 100.0, 4.0) << "absolute number, identifier, number, Status";
+}
+
 TEST_F(ExportFile, IsUtf8WithItsDeclarationInFront) {
   module.Set(6, u"Status", u"\u00E4 \U0001F600");
   const std::string bytes = ReadFile(Answer(dxl_script::kExportModule, u"/P/M~0~~"));

@@ -45,6 +45,9 @@ class ScriptBench : public ::testing::Test, private ObjectFactory {
     module.AddView(u"All", {});
   }
 
+  /// Nothing was asked, and nothing lost, that the test has not taken notice of.
+  void TearDown() override { EXPECT_EQ(doors.Complaints(), expected_complaints); }
+
   /// The script's answer; a script that has errors fails the test.
   Text Answer(int script, const Text& parameter) {
     const auto outcome = doors.RunScript(LoadDxl(script), parameter, u"script");
@@ -52,15 +55,17 @@ class ScriptBench : public ::testing::Test, private ObjectFactory {
     return outcome.result;
   }
 
-  /// What is open, a line for each: path, "displayed" or "hidden", view, current object.
+  /// What is open, a line for each: path, "displayed" or "hidden", "edited" where it is, view, current object.
   std::string OpenModules() const {
     std::string lines;
     for (const auto& open : doors.OpenModules())
-      lines += ToUtf8(open.path) + (open.is_displayed ? " displayed, " : " hidden, ") + ToUtf8(open.view) +
-               ", " + std::to_string(open.current_object) + "\n";
+      lines += ToUtf8(open.path) + (open.is_displayed ? " displayed, " : " hidden, ") +
+               (open.is_edited ? "edited, " : "") + ToUtf8(open.view) + ", " +
+               std::to_string(open.current_object) + "\n";
     return lines;
   }
 
+  std::vector<Text> expected_complaints;
   TempFolder folder;
   standins::DoorsDatabase database = standins::DoorsDatabase::Create(":memory:");
   standins::DoorsStandIn doors{database, folder.Path(), *this};

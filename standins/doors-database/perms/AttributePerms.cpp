@@ -37,6 +37,7 @@ void AddLoops(PermTable& table) {
   table.AddLoop(u"for AttrDef in Module", [](Call& call) -> dxl::Next {
     ModuleOf(call, 0);
     return [module = call.Share<OpenModule>(0), place = 0](Value& value) mutable {
+      if (!module->is_open) throw dxl::ScriptError(u"the module was closed inside the loop");
       if (place == static_cast<int>(module->content.Attributes().size())) return false;
       value = Value(module->AttributeHandle(place++));
       return true;
@@ -45,6 +46,7 @@ void AddLoops(PermTable& table) {
   table.AddLoop(u"for string in Module", [](Call& call) -> dxl::Next {
     ModuleOf(call, 0);
     return [module = call.Share<OpenModule>(0), place = std::size_t{0}](Value& value) mutable {
+      if (!module->is_open) throw dxl::ScriptError(u"the module was closed inside the loop");
       const auto& attributes = module->content.Attributes();
       while (place < attributes.size() && !attributes[place].on_object) ++place;
       if (place == attributes.size()) return false;

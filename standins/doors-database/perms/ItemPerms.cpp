@@ -12,8 +12,8 @@ using dxl::Value;
 
 constexpr std::size_t kIdDigits = 8;
 
-dxl::Next Walk(std::vector<ItemId> ids) {
-  return [ids = std::move(ids), next = std::size_t{0}](Value& value) mutable {
+dxl::Next Walk(const DoorsSession& session, std::vector<ItemId> ids) {
+  return [ids = std::move(ids), next = std::size_t{0}, walk = session.NewWalk()](Value& value) mutable {
     if (next == ids.size()) return false;
     value = dxl::NewHandle(ItemHandle{ids[next++]});
     return true;
@@ -71,7 +71,7 @@ void AddQuestions(PermTable& table, const Text& type) {
 void AddDatabaseLoops(PermTable& table) {
   DoorsSession& session = table.session;
   table.AddLoop(u"for Project in database",
-                [&](Call&) { return Walk(IdsOf(session.Database().Projects(), false)); });
+                [&](Call&) { return Walk(session, IdsOf(session.Database().Projects(), false)); });
   table.AddLoop(u"for string in database", [&](Call&) -> dxl::Next {
     return [projects = session.Database().Projects(), next = std::size_t{0}](Value& value) mutable {
       if (next == projects.size()) return false;
@@ -101,13 +101,13 @@ void AddItemPerms(PermTable& table) {
               [&](Call& call) { return Value(ItemOf(session, call, 0).type); });
 
   table.AddLoop(u"for Item in Folder", [&](Call& call) {
-    return Walk(IdsOf(session.Database().Children(call.As<ItemHandle>(0).id), false));
+    return Walk(session, IdsOf(session.Database().Children(call.As<ItemHandle>(0).id), false));
   });
   table.AddLoop(u"for Item in all Folder", [&](Call& call) {
-    return Walk(IdsOf(session.Database().Children(call.As<ItemHandle>(0).id), true));
+    return Walk(session, IdsOf(session.Database().Children(call.As<ItemHandle>(0).id), true));
   });
   table.AddLoop(u"for Item in Project", [&](Call& call) {
-    return Walk(IdsOf(session.Database().Below(call.As<ItemHandle>(0).id), false));
+    return Walk(session, IdsOf(session.Database().Below(call.As<ItemHandle>(0).id), false));
   });
   AddDatabaseLoops(table);
 }

@@ -9,13 +9,22 @@ using dxl::Call;
 using dxl::ScriptError;
 using dxl::Value;
 
+constexpr std::size_t kWorkOfAnObject = 1000;  // to read it, counted in characters
+
+void RefuseInLoop(const DoorsSession& session) {
+  if (session.IsWalked()) throw ScriptError(u"modules cannot be opened or closed inside a loop over modules or items");
+}
+
 /// `read`: the module is opened, or it is open already and stays as it is; whether DOORS would then give a
 /// hidden one a window is not known, so it gets none.
-Value Read(DoorsSession& session, const Text& path, bool is_displayed, bool in_standard_view) {
+Value Read(DoorsSession& session, Call& call, bool is_displayed, bool in_standard_view) {
+  const Text& path = call.String(0);
+  RefuseInLoop(session);
   const auto item = ModuleItem(session, path);
   if (!item) throw ScriptError(u"the module " + path + u" cannot be opened");
   try {
     auto module = session.OpenItem(*item, is_displayed);
+    call.State().budget.SpendOn(kWorkOfAnObject * module->content.Objects().size());
     if (in_standard_view) module->ShowView(Text(kStandardView), {});
     return Value(std::move(module));
   } catch (const AutomationError& error) {
@@ -79,12 +88,14 @@ void AddQuestions(PermTable& table) {
     return Value(!item || item->deleted || !item->readable);
   });
   table.Add(u"bool isVisible(Module)", [](Call& call) { return Value(ModuleOf(call, 0).is_displayed); });
-  for (const auto* always : {u"isRead", u"canRead"})
-    table.Add(Text(u"bool ").append(always).append(u"(Module)"), [](Call& call) {
-      ModuleOf(call, 0);
-      return Value(true);
-    });
-  for (const auto* never : {u"isEdit", u"isShare", u"isBaseline", u"baseline", u"unsaved"})
+  table.Add(u"bool canRead(Module)", [](Call& call) {
+    ModuleOf(call, 0);
+    return Value(true);
+  });
+  table.Add(u"bool isRead(Module)", [](Call& call) { return Value(!ModuleOf(call, 0).is_edited); });
+  for (const auto* signature : {u"bool isEdit(Module)", u"bool unsaved(Module)"})
+    table.Add(signature, [](Call& call) { return Value(ModuleOf(call, 0).is_edited); });
+  for (const auto* never : {u"isShare", u"isBaseline", u"baseline"})
     table.Add(Text(u"bool ").append(never).append(u"(Module)"), [](Call& call) {
       ModuleOf(call, 0);
       return Value(false);
@@ -117,18 +128,23 @@ void AddModulePerms(PermTable& table) {
             [&](Call& call) { return Value(session.FindOpen(call.As<ItemHandle>(0).id)); });
   table.Add(u"Module module(Object)",
             [](Call& call) { return Value(PlaceOf(call, 0).module->shared_from_this()); });
-  table.Add(u"Module read(string)", [&](Call& call) { return Read(session, call.String(0), true, false); });
+  table.Add(u"Module read(string)", [&](Call& call) { return Read(session, call, true, false); });
   table.Add(u"Module read(string, bool)",
-            [&](Call& call) { return Read(session, call.String(0), call.Bool(1), false); });
+            [&](Call& call) { return Read(session, call, call.Bool(1), false); });
   table.Add(u"Module read(string, bool, bool)",
-            [&](Call& call) { return Read(session, call.String(0), call.Bool(1), call.Bool(2)); });
-  for (const auto* signature : {u"bool close(Module)", u"bool close(Module, bool)"})
-    table.Add(signature, [&](Call& call) {
-      session.Close(ModuleOf(call, 0));
-      return Value(true);
-    });
+            [&](Call& call) { return Read(session, call, call.Bool(1), call.Bool(2)); });
+  table.Add(u"bool close(Module)", [&](Call& call) {
+    RefuseInLoop(session);
+    return Value(session.CloseAsking(ModuleOf(call, 0)));
+  });
+  table.Add(u"bool close(Module, bool)", [&](Call& call) {
+    RefuseInLoop(session);
+    if (call.Bool(1)) throw ScriptError(u"saving a module is not supported here");
+    session.CloseLosing(ModuleOf(call, 0));
+    return Value(true);
+  });
   table.AddLoop(u"for Module in database", [&](Call&) -> dxl::Next {
-    return [open = session.Open(), next = std::size_t{0}](Value& value) mutable {
+    return [open = session.Open(), next = std::size_t{0}, walk = session.NewWalk()](Value& value) mutable {
       if (next == open.size()) return false;
       value = Value(open[next++]);
       return true;

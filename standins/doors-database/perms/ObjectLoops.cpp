@@ -44,6 +44,7 @@ dxl::Next WalkModule(Call& call, Filter filter) {
 /// Siblings from `place` up to `end`, whatever is filtered or deleted.
 dxl::Next WalkSiblings(std::shared_ptr<OpenModule> module, int place, int end) {
   return [module = std::move(module), place, end](Value& value) mutable {
+    if (!module->is_open) throw dxl::ScriptError(u"the module was closed inside the loop");
     if (place >= end) return false;
     value = Value(module->ObjectHandle(place));
     place = module->At(place).end;

@@ -119,7 +119,7 @@ void AddArgumentPerms(PermTable& table) {
     const TextView null_mark = TextView(type) == u"OleAutoObj" ? u"?)" : u")";
     table.Add(Signature(u"void put(OleAutoArgs, ", type, null_mark), [](Call& call) {
       auto& arguments = call.As<OleArguments>(0);
-      const std::size_t text = call.TypeOf(1) == dxl::kString ? BytesOf(call.String(1)) : 0;
+      const std::size_t text = call.TypeOf(1) == dxl::kString ? dxl::BytesOf(call.String(1)) : 0;
       arguments.lease.Grow(sizeof(Variant) + text);
       arguments.values.push_back(VariantOf(call, 1));
       return Value();

@@ -37,6 +37,7 @@ Value ObjectAttribute(Call& call) {
   const auto* definition = DefinitionNamed(*object.module, call.String(1), place);
   if (!definition || !definition->on_object)
     throw ScriptError(u"unknown Object attribute (" + call.String(1) + u")");
+  if (!definition->readable) throw ScriptError(u"no read access to attribute (" + call.String(1) + u")");
   if (!object.module->At(object.place).readable)
     throw ScriptError(u"no read access to object " + object.module->Identifier(object.place));
   return dxl::NewHandle(AttributeReference{object.module->shared_from_this(), object.place, place});
@@ -48,6 +49,7 @@ Value ModuleAttribute(Call& call) {
   const auto* definition = DefinitionNamed(module, call.String(1), place);
   if (!definition || !definition->on_module)
     throw ScriptError(u"unknown Module attribute (" + call.String(1) + u")");
+  if (!definition->readable) throw ScriptError(u"no read access to attribute (" + call.String(1) + u")");
   return OfModule(module, place);
 }
 
