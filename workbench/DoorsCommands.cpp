@@ -39,6 +39,7 @@ void LoadIntoDoors(const Settings& settings, const std::string& file, const std:
   const auto modules = LoadReqif(database, FromUtf8(file), FromUtf8(folder));
   guard.is_new = false;
   for (const LoadedModule& module : modules) {
+    for (const Text& warning : module.warnings) terminal.err << "Warning: " << ToUtf8(warning) << '\n';
     terminal.out << ToUtf8(module.path) << " (" << module.objects << " objects";
     if (module.added) terminal.out << ", " << module.added << " new";
     if (module.restored) terminal.out << ", " << module.restored << " back again";

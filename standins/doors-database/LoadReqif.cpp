@@ -49,13 +49,13 @@ Text DefaultFolder(const Exchange& exchange, const Text& file) {
 std::vector<LoadedModule> LoadReqif(DoorsDatabase& database, const Text& file, TextView folder) {
   std::vector<LoadedModule> loaded;
   Transaction transaction(database.Sql());
-  for (const ReqifDocument& document : ReadReqifDocuments(file)) {
-    const Exchange exchange = ReadReqif(document.xml, document.name);
+  ForEachReqifDocument(file, [&](const std::string& xml, const Text& name) {
+    const Exchange exchange = ReadReqif(xml, name);
     const Text place = folder.empty() ? DefaultFolder(exchange, file) : Text(folder);
     const ItemId parent = FolderAt(database, place);
     for (const ExchangeModule& module : exchange.modules)
       loaded.push_back(UpdateModule(database, parent, module));
-  }
+  });
   transaction.Commit();
   return loaded;
 }

@@ -11,6 +11,7 @@ struct LoadedModule {
   int added = 0;
   int restored = 0;  // soft-deleted before, back again
   int removed = 0;   // in the database only, soft-deleted now
+  std::vector<Text> warnings;  // "file(line): what was left out"
 };
 
 /// Loads `file` (ReqIF, plain or in an archive) into `folder`, a path whose first name is a project and whose

@@ -40,6 +40,7 @@ struct ExchangeModule {
   std::vector<ExchangeAttribute> attributes;
   std::vector<ExchangeObject> objects;
   std::vector<ExchangeValue> values;  // of the module itself
+  std::vector<Text> warnings;         // what of the file is not in it
 };
 
 struct Exchange {

@@ -11,7 +11,7 @@ namespace kestrune::standins {
 namespace {
 
 constexpr std::string_view kZipMark = "PK\x03\x04";
-constexpr zip_uint64_t kLargestMember = 2'000'000'000;
+constexpr std::size_t kLargestMember = 1'000'000'000;
 
 struct ZipFreer {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -33,36 +33,40 @@ Owned<zip_t> OpenArchive(const std::string& bytes, const Text& path) {
   RefuseFile(path, 0, u"the archive cannot be read: " + reason);
 }
 
+/// As it comes: what the archive says of the size may be anything.
 std::string ReadMember(zip_t* archive, zip_uint64_t index, const Text& name) {
-  zip_stat_t info;
-  if (zip_stat_index(archive, index, 0, &info) != 0 || !(info.valid & ZIP_STAT_SIZE))
-    RefuseFile(name, 0, u"the archive does not say how large the member is");
-  if (info.size > kLargestMember) RefuseFile(name, 0, u"the member is too large");
+  constexpr std::size_t kPiece = 1 << 16;
   const Owned<zip_file_t> file(zip_fopen_index(archive, index, 0));
   if (!file) RefuseFile(name, 0, FromUtf8(zip_strerror(archive)));
-  std::string bytes(info.size, '\0');
-  const auto count = zip_fread(file.get(), bytes.data(), bytes.size());
-  if (count < 0 || static_cast<zip_uint64_t>(count) != info.size)
-    RefuseFile(name, 0, u"the member is damaged or cut short");
-  return bytes;
+  std::string bytes;
+  for (;;) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + kPiece);
+    const auto count = zip_fread(file.get(), bytes.data() + before, kPiece);
+    if (count < 0) RefuseFile(name, 0, u"the member is damaged or cut short");
+    bytes.resize(before + static_cast<std::size_t>(count));
+    if (count == 0) return bytes;
+    if (bytes.size() > kLargestMember) RefuseFile(name, 0, u"the member is larger than 1 GB");
+  }
 }
 
 }  // namespace
 
-std::vector<ReqifDocument> ReadReqifDocuments(const Text& path) {
-  std::string bytes = ReadFile(path);
-  if (!bytes.starts_with(kZipMark)) return {{path, std::move(bytes)}};
+void ForEachReqifDocument(const Text& path,
+                          const std::function<void(const std::string& xml, const Text& name)>& visit) {
+  const std::string bytes = ReadFile(path);
+  if (!bytes.starts_with(kZipMark)) return visit(bytes, path);
   const auto archive = OpenArchive(bytes, path);
-  std::vector<ReqifDocument> documents;
+  bool is_empty = true;
   const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive.get(), 0));
   for (zip_uint64_t i = 0; i < count; ++i) {
     const char* member = zip_get_name(archive.get(), i, 0);
     if (!member || !std::string_view(member).ends_with(".reqif")) continue;
     const Text name = path + u"!" + FromUtf8(member);
-    documents.push_back({name, ReadMember(archive.get(), i, name)});
+    visit(ReadMember(archive.get(), i, name), name);
+    is_empty = false;
   }
-  if (documents.empty()) RefuseFile(path, 0, u"the archive holds no .reqif file");
-  return documents;
+  if (is_empty) RefuseFile(path, 0, u"the archive holds no .reqif file");
 }
 
 }  // namespace kestrune::standins

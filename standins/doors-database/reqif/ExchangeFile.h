@@ -1,19 +1,16 @@
 // The ReqIF documents in a file: the file itself, or the members of an archive.
 #pragma once
 
-#include <vector>
+#include <functional>
 
-#include "standins/doors-database/reqif/Exchange.h"
+#include "platform/Text.h"
 
 namespace kestrune::standins {
 
-struct ReqifDocument {
-  Text name;  // the path; in an archive followed by "!" and the member
-  std::string xml;
-};
-
-/// Whether it is an archive is told by the file's first bytes. Throws AutomationError for a file that cannot
-/// be read and for an archive that is damaged or has no member *.reqif.
-std::vector<ReqifDocument> ReadReqifDocuments(const Text& path);
+/// Calls `visit` with each document, one after the other, so that no two are held at once; the name is the path, in an
+/// archive followed by "!" and the member. Whether the file is an archive is told by its first bytes. Throws
+/// AutomationError for a file that cannot be read and for an archive that is damaged or has no member *.reqif.
+void ForEachReqifDocument(const Text& path,
+                          const std::function<void(const std::string& xml, const Text& name)>& visit);
 
 }  // namespace kestrune::standins

@@ -35,6 +35,7 @@ class Update {
     WriteValues(match, attributes);
     RemoveObjects(match);
     result_.path = database_.FullName(id_);
+    result_.warnings = module_.warnings;
     return std::move(result_);
   }
 

@@ -1,6 +1,7 @@
 #include "standins/doors-database/reqif/ObjectMatch.h"
 
 #include <algorithm>
+#include <limits>
 #include <unordered_set>
 
 namespace kestrune::standins {
@@ -57,13 +58,22 @@ class Matcher {
       highest_ = std::max(highest_, given);
     }
     for (MatchedObject& object : match.objects)
-      if (!object.absolute_number) object.absolute_number = ++highest_;
+      if (!object.absolute_number) object.absolute_number = NextNumber(used);
+  }
+
+  /// The one after the highest, or the lowest that is free once there is none.
+  int NextNumber(const std::unordered_set<int>& used) {
+    if (highest_ < std::numeric_limits<int>::max()) return ++highest_;
+    while (used.contains(++lowest_)) {
+    }
+    return lowest_;
   }
 
   std::vector<Known> known_;
   std::unordered_map<Text, std::size_t> by_origin_;
   std::unordered_map<int, std::size_t> by_number_;
   int highest_ = 0;
+  int lowest_ = 0;  // numbers up to this one are taken, once the highest is
 };
 
 }  // namespace

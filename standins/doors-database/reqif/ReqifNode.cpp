@@ -57,10 +57,14 @@ const xmlNode* Wrapped(const xmlNode* parent, std::string_view name) {
   return FirstElement(Child(parent, name));
 }
 
-void RefuseFile(const Text& file, long line, TextView reason) {
+Text FileMessage(const Text& file, long line, TextView reason) {
   Text message = file;
   if (line > 0) message.append(u"(").append(ToText(line)).append(u")");
-  throw AutomationError(error::kFileFailure, u"ReqIF", message.append(u": ").append(reason));
+  return message.append(u": ").append(reason);
+}
+
+void RefuseFile(const Text& file, long line, TextView reason) {
+  throw AutomationError(error::kFileFailure, u"ReqIF", FileMessage(file, line, reason));
 }
 
 }  // namespace kestrune::standins

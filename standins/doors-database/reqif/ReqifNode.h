@@ -23,7 +23,9 @@ const xmlNode* Child(const xmlNode* parent, std::string_view name);
 /// The one child element of parent's child `name`: how references and values are wrapped. Null without one.
 const xmlNode* Wrapped(const xmlNode* parent, std::string_view name);
 
-/// Throws AutomationError: "file(line): reason"; line 0 is left out.
+/// "file(line): reason"; line 0 is left out.
+Text FileMessage(const Text& file, long line, TextView reason);
+/// Throws that as AutomationError.
 [[noreturn]] void RefuseFile(const Text& file, long line, TextView reason);
 
 }  // namespace kestrune::standins

@@ -1,7 +1,8 @@
 #include "standins/doors-database/reqif/ReqifReader.h"
 
 #include <algorithm>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "standins/doors-database/reqif/ReqifContent.h"
 
@@ -9,23 +10,32 @@ namespace kestrune::standins {
 
 namespace {
 
-/// A name that can stand in a path and that no earlier module of the file has.
-Text ModuleName(Text name, std::set<Text>& taken) {
-  std::ranges::replace(name, u'/', u'-');
-  Text unique = name;
-  for (int nth = 2; !taken.insert(unique).second; ++nth) unique = name + u" (" + ToText(nth) + u")";
-  return unique;
-}
+/// Names that can stand in a path, each given once.
+class ModuleNames {
+ public:
+  Text Give(Text name) {
+    std::ranges::replace(name, u'/', u'-');
+    if (name.empty()) name = u"Unnamed";
+    Text unique = name;
+    for (int& nth = numbered_[name]; !taken_.insert(unique).second;)
+      unique = name + u" (" + ToText(++nth + 1) + u")";
+    return unique;
+  }
+
+ private:
+  std::unordered_map<Text, int> numbered_;
+  std::unordered_set<Text> taken_;
+};
 
 }  // namespace
 
 Exchange ReadReqif(const std::string& xml, const Text& file) {
   const ReqifContent content = ReadReqifContent(xml, file);
   Exchange exchange{content.title, {}};
-  std::set<Text> taken;
+  ModuleNames names;
   for (const ReqifSpecification& specification : content.specifications) {
     exchange.modules.push_back(MakeModule(specification, content, file));
-    exchange.modules.back().name = ModuleName(std::move(exchange.modules.back().name), taken);
+    exchange.modules.back().name = names.Give(std::move(exchange.modules.back().name));
   }
   return exchange;
 }

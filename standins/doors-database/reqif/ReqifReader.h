@@ -7,7 +7,7 @@ namespace kestrune::standins {
 
 /// `xml` is the file's content, `file` its name for messages. Every specification becomes a module, every
 /// node of its hierarchy an object. Throws AutomationError with file, line and reason for what is no
-/// well-formed ReqIF, has a document type definition, or refers to an object that it does not hold.
+/// well-formed ReqIF or has a document type definition.
 Exchange ReadReqif(const std::string& xml, const Text& file);
 
 }  // namespace kestrune::standins

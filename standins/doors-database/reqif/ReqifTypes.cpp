@@ -1,6 +1,5 @@
 #include "standins/doors-database/reqif/ReqifTypes.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <set>
@@ -89,13 +88,14 @@ void ReqifTypes::AddType(const xmlNode* element, bool is_module_type) {
   const auto [type, is_new] = types_.try_emplace(id);
   if (is_new && !is_module_type) object_types_.push_back(id);
   auto& definitions = type->second;
+  std::set<const ReqifDefinition*> known(definitions.begin(), definitions.end());
   const xmlNode* attribute = Wrapped(element, "SPEC-ATTRIBUTES");
   for (; attribute; attribute = NextElement(attribute)) {
     const auto& definition =
         definitions_
             .try_emplace(AttributeOf(attribute, "IDENTIFIER"), ReadDefinition(attribute, is_module_type))
             .first->second;
-    if (std::ranges::find(definitions, &definition) == definitions.end()) definitions.push_back(&definition);
+    if (known.insert(&definition).second) definitions.push_back(&definition);
   }
 }
 

@@ -92,12 +92,16 @@ class Writer {
 
   void PutText(TextView text) {
     for (std::size_t i = 0; i < text.size();) {
-      const std::size_t end = EndOfSpace(text, i);
-      if (text.substr(i, end - i).find(u'\n') != TextView::npos) {
-        waiting_blank_ = true;
-        i = end;
-      } else {
+      if (!IsSpace(text[i])) {
         Put(text[i++]);
+        continue;
+      }
+      const TextView space = text.substr(i, EndOfSpace(text, i) - i);
+      i += space.size();
+      if (space.find(u'\n') != TextView::npos) {
+        waiting_blank_ = true;
+      } else {
+        for (const char16_t c : space) Put(c);
       }
     }
   }

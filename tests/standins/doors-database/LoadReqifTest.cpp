@@ -8,9 +8,9 @@ namespace {
 class LoadReqifTest : public DoorsDatabaseTest {
  protected:
   std::vector<LoadedModule> Load(TextView name) { return LoadReqif(database, ReqifFile(name), u"/P/Folder"); }
-  void LoadText(const std::string& xml) {
+  std::vector<LoadedModule> LoadText(const std::string& xml) {
     WriteFile(folder.File(u"x.reqif"), xml);
-    LoadReqif(database, folder.File(u"x.reqif"), u"/P");
+    return LoadReqif(database, folder.File(u"x.reqif"), u"/P");
   }
 };
 
@@ -157,7 +157,7 @@ TEST_F(ReloadTest, AndBackAgainRestoresWhatHadGone) {
   EXPECT_EQ(Places(), before);
 }
 
-constexpr const char* kTypes = R"(
+constexpr const char* kTypes = R"xml(
   <DATATYPES>
     <DATATYPE-DEFINITION-STRING IDENTIFIER="t" LONG-NAME="Line"/><DATATYPE-DEFINITION-BOOLEAN IDENTIFIER="b"/>
     <DATATYPE-DEFINITION-ENUMERATION IDENTIFIER="e" LONG-NAME="Colour"><SPECIFIED-VALUES>
@@ -178,10 +178,14 @@ constexpr const char* kTypes = R"(
       <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="n2" LONG-NAME="Note"/>
       <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="h" LONG-NAME="Object Heading"/>
     </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
+    <SPEC-OBJECT-TYPE IDENTIFIER="T3"><SPEC-ATTRIBUTES>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="m1" LONG-NAME="More"/><ATTRIBUTE-DEFINITION-STRING IDENTIFIER="m2" LONG-NAME="More"/>
+      <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="m3" LONG-NAME="More (2)"/>
+    </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
     <SPEC-OBJECT-TYPE IDENTIFIER="Unused"><SPEC-ATTRIBUTES>
       <ATTRIBUTE-DEFINITION-STRING IDENTIFIER="u" LONG-NAME="Unused"/>
     </SPEC-ATTRIBUTES></SPEC-OBJECT-TYPE>
-  </SPEC-TYPES>)";
+  </SPEC-TYPES>)xml";
 
 std::string Value(const std::string& kind, const std::string& definition, const std::string& value) {
   return "<ATTRIBUTE-VALUE-" + kind + " THE-VALUE=\"" + value + "\"><DEFINITION><REF>" + definition +
@@ -198,10 +202,15 @@ std::string Place(const std::string& object, const std::string& children = "") {
          "</CHILDREN></SPEC-HIERARCHY>";
 }
 
-std::string Document(const std::string& objects, const std::string& places) {
+std::string DocumentWith(const std::string& objects, const std::string& specifications) {
   return std::string("<REQ-IF><CORE-CONTENT><REQ-IF-CONTENT>") + kTypes + "<SPEC-OBJECTS>" + objects +
-         "</SPEC-OBJECTS><SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='A/B'><CHILDREN>" + places +
-         "</CHILDREN></SPECIFICATION></SPECIFICATIONS></REQ-IF-CONTENT></CORE-CONTENT></REQ-IF>";
+         "</SPEC-OBJECTS><SPECIFICATIONS>" + specifications +
+         "</SPECIFICATIONS></REQ-IF-CONTENT></CORE-CONTENT></REQ-IF>";
+}
+
+std::string Document(const std::string& objects, const std::string& places) {
+  return DocumentWith(objects, "<SPECIFICATION IDENTIFIER='s' LONG-NAME='A/B'><CHILDREN>" + places +
+                                   "</CHILDREN></SPECIFICATION>");
 }
 
 TEST_F(LoadReqifTest, ValuesOfEveryKindReadAsDoorsShowsThem) {
@@ -249,6 +258,70 @@ TEST_F(LoadReqifTest, AnObjectAtTwoPlacesIsTwoObjects) {
   ASSERT_EQ(content.Objects().size(), 2u);
   EXPECT_EQ(content.Objects()[1].absolute_number, 6);
   EXPECT_EQ(content.Objects()[1].parent, 0);
+}
+
+TEST_F(LoadReqifTest, NumbersAndKeysStayApartWhateverTheFileCallsThem) {
+  const auto number = [](const char* n) { return Value("INTEGER", "id", n); };
+  LoadText(Document(SpecObject("a", "T1", number("2147483647")) + SpecObject("a#2", "T1", number("1")) +
+                        SpecObject("b", "T1", ""),
+                    Place("a") + Place("a") + Place("a#2") + Place("b")));
+  LoadText(Document(SpecObject("a", "T1", "") + SpecObject("c", "T1", number("99999999999")),
+                    Place("a") + Place("c")));
+  const auto content = Content(u"/P/A-B");
+  std::string numbers;
+  for (const DoorsObject& object : content.Objects())
+    numbers += std::to_string(object.absolute_number) + (object.deleted ? "- " : " ");
+  EXPECT_EQ(numbers, "2147483647 2- 4 1- 3- ") << "the lowest free ones behind the last of all";
+}
+
+TEST_F(LoadReqifTest, AttributesOfOneNameKeepTheirValues) {
+  LoadText(Document(SpecObject("o", "T3", Value("STRING", "m1", "one") + Value("STRING", "m2", "two") +
+                                              Value("STRING", "m3", "three")),
+                    Place("o")));
+  const auto content = Content(u"/P/A-B");
+  EXPECT_EQ(ValueOf(content, 1, u"More"), u"one");
+  EXPECT_EQ(ValueOf(content, 1, u"More (3)"), u"two");
+  EXPECT_EQ(ValueOf(content, 1, u"More (2)"), u"three");
+}
+
+TEST_F(LoadReqifTest, DocumentsGetNamesThatPathsCanHave) {
+  std::string specifications;
+  for (const char* name : {"", "A/B", "A-B (2)", "A-B", ""})
+    specifications += std::string("<SPECIFICATION IDENTIFIER='' LONG-NAME='").append(name).append("'/>");
+  std::string paths;
+  for (const LoadedModule& module : LoadText(DocumentWith("", specifications))) paths += ToUtf8(module.path) + "|";
+  EXPECT_EQ(paths, "/P/Unnamed|/P/A-B|/P/A-B (2)|/P/A-B (3)|/P/Unnamed (2)|");
+}
+
+TEST_F(LoadReqifTest, AnEntryWithoutItsObjectIsLeftOutWithAWarning) {
+  const auto loaded = LoadText(
+      Document(SpecObject("a", "T1", "") + SpecObject("b", "T1", "") + SpecObject("c", "T1", ""),
+               Place("a", "\n" + Place("lost", Place("b", Place("c")))) + Place("gone")));
+  const auto content = Content(u"/P/A-B");
+  ASSERT_EQ(content.Objects().size(), 3u);
+  EXPECT_EQ(content.Objects()[1].parent, 0) << "what lay below it lies below the one above it";
+  EXPECT_EQ(content.Objects()[2].parent, 1);
+  ASSERT_EQ(loaded[0].warnings.size(), 2u);
+  const Text line = ToText(static_cast<long long>(std::ranges::count(std::string_view(kTypes), '\n')) + 2);
+  EXPECT_EQ(loaded[0].warnings[0],
+            folder.File(u"x.reqif") + u"(" + line +
+                u"): the hierarchy refers to the object \"lost\", which the file does not hold; it is left out");
+}
+
+/// Square time would show as minutes.
+TEST_F(LoadReqifTest, LargeFilesTakeTimeInProportion) {
+  constexpr int kMany = 20000;
+  std::string specifications, attributes;
+  for (int i = 0; i < kMany; ++i) {
+    specifications += "<SPECIFICATION IDENTIFIER='' LONG-NAME='A'/>";
+    attributes += "<ATTRIBUTE-DEFINITION-STRING IDENTIFIER='x" + std::to_string(i) + "' LONG-NAME='X'/>";
+  }
+  std::string xml = DocumentWith("", specifications);
+  EXPECT_EQ(LoadText(xml).size(), std::size_t{kMany});
+  xml = Document(SpecObject("o", "T3", Value("STRING", "x7", std::string(1'000'000, ' ') + "x")), Place("o"));
+  xml.replace(xml.find("<ATTRIBUTE-DEFINITION-STRING IDENTIFIER=\"m1\""), 0, attributes);
+  LoadText(xml);
+  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE name LIKE 'X%'"), ToText(kMany));
 }
 
 TEST_F(LoadReqifTest, HierarchyMayBeHoweverDeep) {

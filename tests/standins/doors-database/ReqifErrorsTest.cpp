@@ -43,13 +43,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "a document type definition is not accepted"},
         BadFile{"ExternalDtd", "<!DOCTYPE REQ-IF SYSTEM 'file:///etc/passwd'>\n" + Document(""),
                 "a document type definition is not accepted"},
-        BadFile{
-            "ReferenceToNowhere",
-            Document(
-                "<SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='S'><CHILDREN>\n"
-                "<SPEC-HIERARCHY IDENTIFIER='h'><OBJECT>\n<SPEC-OBJECT-REF>lost</SPEC-OBJECT-REF></OBJECT>"
-                "</SPEC-HIERARCHY></CHILDREN></SPECIFICATION></SPECIFICATIONS>"),
-            "(4): the hierarchy refers to the object \"lost\""},
         BadFile{"SameIdentifierTwice",
                 Document("<SPEC-OBJECTS>\n<SPEC-OBJECT IDENTIFIER='o'/>\n<SPEC-OBJECT "
                          "IDENTIFIER='o'/></SPEC-OBJECTS>"),

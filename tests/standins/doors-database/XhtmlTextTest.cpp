@@ -41,6 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
         XhtmlCase{"Plain", "<x:div>A &amp; B</x:div>", u"A & B"}, XhtmlCase{"WithoutDiv", "Anon", u"Anon"},
         XhtmlCase{"Empty", "<x:div/>", u""},
         XhtmlCase{"TabsAndDoubleBlanksStay", "<x:div>2.3.1&#9;Title  here</x:div>", u"2.3.1\tTitle  here"},
+        XhtmlCase{"ARunOfBlanksStays", "<x:div>a" + std::string(300'000, ' ') + "\n</x:div>", u"a"},
         XhtmlCase{"IndentedByAReSave", "\n   <x:div>Text</x:div>\n  ", u"Text"},
         XhtmlCase{"WrappedLineIsOneBlank", "<x:div>one\n    two</x:div>", u"one two"},
         XhtmlCase{"BreaksAreLines", "<x:div>a<x:br/>b<x:br/><x:br/>c</x:div>", u"a\nb\n\nc"},
