@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "standins/doors-database/LoadReqif.h"
 #include "workbench/Commands.h"
+#include "workbench/NewFile.h"
 
 namespace kestrune::workbench {
 
@@ -14,30 +15,26 @@ void PrintLines(const Text& answer, std::ostream& out) {
     if (!line.empty()) out << ToUtf8(line) << '\n';
 }
 
-DoorsDatabase OpenOrCreate(const std::string& path) {
-  return std::filesystem::exists(path) ? DoorsDatabase::Open(path) : DoorsDatabase::Create(path);
-}
-
-/// A database that only this command made is no use when nothing could be loaded into it.
-struct NewFileGuard {
-  explicit NewFileGuard(std::string path)
-      : path(std::move(path)), is_new(!std::filesystem::exists(this->path)) {}
-  ~NewFileGuard() {
-    std::error_code ignored;
-    if (is_new) std::filesystem::remove(path, ignored);
+std::vector<LoadedModule> LoadInto(const std::string& path, const Text& file, const Text& folder) {
+  if (std::filesystem::exists(path)) {
+    auto database = DoorsDatabase::Open(path);
+    return LoadReqif(database, file, folder);
   }
-  std::string path;
-  bool is_new;
-};
+  NewFile draft(path);
+  std::vector<LoadedModule> modules;
+  {
+    auto database = DoorsDatabase::Create(draft.Draft());
+    modules = LoadReqif(database, file, folder);
+  }
+  draft.Finish();
+  return modules;
+}
 
 }  // namespace
 
 void LoadIntoDoors(const Settings& settings, const std::string& file, const std::string& folder,
                    const Terminal& terminal) {
-  NewFileGuard guard(settings.doors);
-  auto database = OpenOrCreate(settings.doors);
-  const auto modules = LoadReqif(database, FromUtf8(file), FromUtf8(folder));
-  guard.is_new = false;
+  const auto modules = LoadInto(settings.doors, FromUtf8(file), FromUtf8(folder));
   for (const LoadedModule& module : modules) {
     for (const Text& warning : module.warnings) terminal.err << "Warning: " << ToUtf8(warning) << '\n';
     terminal.out << ToUtf8(module.path) << " (" << module.objects << " objects";

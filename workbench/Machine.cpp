@@ -1,5 +1,6 @@
 #include "workbench/Machine.h"
 
+#include <chrono>
 #include <cstdlib>
 
 #include "common/Resources.h"
@@ -29,6 +30,16 @@ ConsoleDesktop::Answers AnswersOf(const Settings& settings) {
   };
 }
 
+/// Exports that a program which was killed has left; one that is younger may be under way.
+void RemoveOldExports(const Text& folder) {
+  std::error_code ignored;
+  const auto an_hour_ago = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+  for (const auto& file : std::filesystem::directory_iterator(ToPath(folder), ignored)) {
+    const bool is_export = file.path().filename().string().starts_with("DP");
+    if (is_export && file.last_write_time(ignored) < an_hour_ago) std::filesystem::remove(file.path(), ignored);
+  }
+}
+
 }  // namespace
 
 std::string DefaultDataFolder() {
@@ -47,7 +58,9 @@ DoorsMachine::DoorsMachine(const Settings& settings, HeadlessDesktop* desktop)
     : database_(DoorsDatabase::Open(settings.doors)),
       folders_(FromUtf8(settings.data)),
       stand_in_(database_, folders_.Temp(), *this,
-                desktop ? std::make_unique<SimulatedDoorsWindows>(*desktop) : nullptr) {}
+                desktop ? std::make_unique<SimulatedDoorsWindows>(*desktop) : nullptr) {
+  RemoveOldExports(folders_.Temp());
+}
 
 Object DoorsMachine::Create(TextView prog_id) {
   if (prog_id == u"MSXML2.DOMDocument") return MakeDomDocument();

@@ -4,13 +4,17 @@
 #include "common/LinkFile.h"
 #include "standins/stage/PrintTree.h"
 #include "workbench/Commands.h"
+#include "workbench/NewFile.h"
 
 namespace kestrune::workbench {
 
 void NewModel(const Settings& settings, const Terminal& terminal) {
   if (settings.package.empty()) throw CommandError(u"A package needs a name.");
-  OrimModel model = OrimModel::Create(settings.model);
-  model.AddPackage(0, FromUtf8(settings.package));
+  if (std::filesystem::exists(settings.model))
+    throw CommandError(FromUtf8(settings.model) + u": the file exists already");
+  NewFile draft(settings.model);
+  OrimModel::Create(draft.Draft()).AddPackage(0, FromUtf8(settings.package));
+  draft.Finish();
   terminal.out << settings.model << ": a model with the package \"" << settings.package << "\"\n";
 }
 

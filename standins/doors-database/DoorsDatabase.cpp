@@ -59,6 +59,8 @@ bool DoorsDatabase::HasOurTables(const std::filesystem::path& path) try {
   if (pragma("PRAGMA application_id") != kDoorsApplicationId) return false;
   if (pragma("PRAGMA user_version") == 1) Upgrade();
   return pragma("PRAGMA user_version") == kDoorsSchemaVersion;
+} catch (const FileBlocked&) {
+  throw;
 } catch (const AutomationError& failure) {
   if (failure.Description == kNoDatabase) return false;
   throw AutomationError(failure.Number, failure.Source, FromPath(path) + u": " + failure.Description);

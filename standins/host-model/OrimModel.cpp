@@ -22,6 +22,8 @@ OrimModel OrimModel::Open(const std::filesystem::path& path) {
   HostPtr host(new Host{.Model = Database::Open(path)});
   try {
     CheckSchema(host->Model);
+  } catch (const FileBlocked&) {
+    throw;
   } catch (const AutomationError& e) {
     RefuseByHost(PathText(path) + u" is no model: " + e.Description);
   }

@@ -12,6 +12,21 @@ constexpr int kPatienceMs = 5000;  // how long a statement waits for another con
   throw AutomationError(error::kFileFailure, u"Database", FromUtf8(message));
 }
 
+/// The last failure of a connection. Where the file is in somebody else's hands, it says which file, and what to do.
+[[noreturn]] void ThrowLast(sqlite3* handle) {
+  const char* path = sqlite3_db_filename(handle, "main");
+  const auto refuse = [&](const char* why) {
+    throw FileBlocked(error::kFileFailure, u"Database", FromUtf8(path ? path : "") + u": " + FromUtf8(why));
+  };
+  const int primary = sqlite3_errcode(handle) & 0xFF;
+  if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
+    refuse("another program is writing to the file; wait for it or close it, then try again");
+  if (primary == SQLITE_READONLY || primary == SQLITE_PERM)
+    refuse("the file cannot be written; make it and its folder writable, then try again");
+  if (primary == SQLITE_FULL) refuse("the disk is full; make room, then try again");
+  Throw(sqlite3_errmsg(handle));
+}
+
 std::string Utf8Path(const std::filesystem::path& path) {
   const auto utf8 = path.u8string();
   return {utf8.begin(), utf8.end()};
@@ -41,7 +56,7 @@ bool Statement::Step() {
   const int result = sqlite3_step(handle_);
   if (result == SQLITE_ROW) return true;
   if (result == SQLITE_DONE) return false;
-  Throw(sqlite3_errmsg(sqlite3_db_handle(handle_)));
+  ThrowLast(sqlite3_db_handle(handle_));
 }
 
 void Statement::Run() {
@@ -80,7 +95,7 @@ void Statement::BindVariant(int index, const Variant& value) {
 }
 
 void Statement::Check(int result) const {
-  if (result != SQLITE_OK) Throw(sqlite3_errmsg(sqlite3_db_handle(handle_)));
+  if (result != SQLITE_OK) ThrowLast(sqlite3_db_handle(handle_));
 }
 
 Database Database::Create(const std::filesystem::path& path) {
@@ -122,7 +137,7 @@ void Database::FavourSpeed() {
 }
 
 void Database::Exec(const char* sql) {
-  if (sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) Throw(sqlite3_errmsg(handle_));
+  if (sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) ThrowLast(handle_);
 }
 
 Statement Database::PrepareOnce(std::string_view sql) {
@@ -144,7 +159,7 @@ sqlite3_stmt* Database::Compile(std::string_view sql) {
   const char* tail = nullptr;
   const auto size = static_cast<int>(sql.size());
   if (sqlite3_prepare_v2(handle_, sql.data(), size, &handle, &tail) != SQLITE_OK)
-    Throw(sqlite3_errmsg(handle_));
+    ThrowLast(handle_);
   if (!handle) Throw("no SQL statement");
   const std::string_view rest = sql.substr(static_cast<std::size_t>(tail - sql.data()));
   if (rest.find_first_not_of(" \t\r\n") == std::string_view::npos) return handle;

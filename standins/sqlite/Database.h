@@ -16,6 +16,12 @@ namespace kestrune::standins {
 /// A path as it is shown.
 Text PathText(const std::filesystem::path& path);
 
+/// Thrown when a file is locked by another program, cannot be written, or has no room to grow; the description names
+/// the file and says what to do.
+struct FileBlocked : AutomationError {
+  using AutomationError::AutomationError;
+};
+
 /// A prepared statement, ready to step. When it goes, it is reset and kept by its database for the next
 /// Prepare of the same SQL; it must not outlive the database. All failures are AutomationErrors with SQLite's
 /// message.

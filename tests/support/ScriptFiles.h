@@ -26,9 +26,8 @@ inline void PrintTo(const ScriptFile& script, std::ostream* out) {
   *out << script.name;
 }
 
-inline ScriptFile ReadScriptFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  ScriptFile script{path.stem().string(), {std::istreambuf_iterator<char>(file), {}}};
+inline ScriptFile ReadScript(std::string name, std::string source) {
+  ScriptFile script{std::move(name), std::move(source)};
   const auto after = [](const std::string& line, const std::string& mark) {
     const std::size_t at = line.find(mark);
     return at == std::string::npos ? std::optional<std::string>() : line.substr(at + mark.size());
@@ -42,13 +41,31 @@ inline ScriptFile ReadScriptFile(const std::filesystem::path& path) {
   return script;
 }
 
+inline std::string ReadWhole(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// `room` is a folder below tests/.
 inline std::vector<ScriptFile> ScriptFilesOf(const char* room) {
   std::vector<ScriptFile> scripts;
   const auto folder = std::filesystem::path(KESTRUNE_SOURCE_DIR) / "tests" / room / "scripts";
   for (const auto& entry : std::filesystem::directory_iterator(folder))
-    scripts.push_back(ReadScriptFile(entry.path()));
+    scripts.push_back(ReadScript(entry.path().stem().string(), ReadWhole(entry.path())));
   std::sort(scripts.begin(), scripts.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
+  return scripts;
+}
+
+/// The examples in a document of the project: what stands between ```dxl and ```.
+inline std::vector<ScriptFile> ScriptsIn(const char* document) {
+  const std::string begin = "```dxl\n", end = "```\n";
+  const std::string text = ReadWhole(std::filesystem::path(KESTRUNE_SOURCE_DIR) / document);
+  std::vector<ScriptFile> scripts;
+  for (std::size_t at = text.find(begin); at != std::string::npos; at = text.find(begin, at)) {
+    at += begin.size();
+    const auto line = std::to_string(1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+    scripts.push_back(ReadScript("line " + line, text.substr(at, text.find(end, at) - at)));
+  }
   return scripts;
 }
 

@@ -1,4 +1,6 @@
 // What cannot be done is said in one line, and nothing is written then.
+#include <fstream>
+
 #include "tests/workbench/CommandLine.h"
 
 namespace kestrune {
@@ -117,6 +119,38 @@ TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
     EXPECT_EQ(Run(with_data).status, 1);
     EXPECT_FALSE(std::filesystem::exists(At("data"))) << ::testing::PrintToString(words);
   }
+}
+
+TEST_F(BadCommands, NameAFileThatAnotherProgramHolds) {
+  standins::Database other = standins::Database::Open(ToPath(folder.File(u"d.doors")));
+  other.Exec("BEGIN EXCLUSIVE");
+  Fail({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors"}, "d.doors: another program is writing");
+}
+
+TEST_F(BadCommands, EndWithOneWhereTheOutputCannotBeWritten) {
+  std::istringstream in;
+  std::ofstream full("/dev/full");
+  std::ostringstream err;
+  EXPECT_EQ(workbench::RunWorkbench({"tree", "--model", At("m.orim")}, {in, full, err}), 1);
+  EXPECT_EQ(err.str(), "The output cannot be written.\n");
+}
+
+/// What a killed command leaves is in nobody's way.
+TEST_F(CommandLine, CutOffCommandsLeaveNothingInTheWay) {
+  for (const char16_t* left : {u"m.orim.part", u"m.orim.part-journal", u"d.doors.part"})
+    WriteFile(folder.File(left), "half of it");
+  Do({"new", "@m.orim", "--package", "Req", "--data", "@data"});
+  Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--data", "@data"});
+  Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});
+  for (const char16_t* exported : {u"DP1", u"DP2"}) WriteFile(folder.File(Text(u"data/Temp/") + exported), "");
+  std::filesystem::last_write_time(ToPath(folder.File(u"data/Temp/DP1")),
+                                   std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
+  Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(ToPath(folder.Path())))
+    if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<std::string>{"DP2", "d.doors", "m.orim"})) << "DP2 may be under way";
 }
 
 // Where the add-in itself has something to say, its message box comes before the line.

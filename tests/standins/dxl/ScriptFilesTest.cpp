@@ -1,4 +1,4 @@
-// Runs every script in scripts/ for what it says it does, and pieces of it, of which most are wrong: none may
+// Runs every script in scripts/, and every example in the README, for what it says it does, and pieces of it, of which most are wrong: none may
 // do worse than fail.
 #include <gtest/gtest.h>
 
@@ -9,8 +9,9 @@ namespace kestrune::dxl {
 
 namespace {
 
-TEST(ScriptFiles, DoWhatTheySay) {
-  for (const auto& script : kestrune::testing::ScriptFilesOf("standins/dxl")) {
+void ExpectWhatTheySay(const std::vector<kestrune::testing::ScriptFile>& scripts) {
+  ASSERT_FALSE(scripts.empty());
+  for (const auto& script : scripts) {
     SCOPED_TRACE(script.name);
     ASSERT_NE(script.printed + script.runtime_error + std::to_string(script.compile_errors.size()), "0")
         << "the script expects nothing";
@@ -19,6 +20,14 @@ TEST(ScriptFiles, DoWhatTheySay) {
     EXPECT_EQ(outcome.printed, script.printed);
     EXPECT_EQ(outcome.runtime_error, script.runtime_error);
   }
+}
+
+TEST(ScriptFiles, DoWhatTheySay) {
+  ExpectWhatTheySay(kestrune::testing::ScriptFilesOf("standins/dxl"));
+}
+
+TEST(Readme, SaysWhatTheInterpreterDoes) {
+  ExpectWhatTheySay(kestrune::testing::ScriptsIn("standins/dxl/README.md"));
 }
 
 TEST(ScriptFiles, MayEndAnywhereAndLackAnyPiece) {
