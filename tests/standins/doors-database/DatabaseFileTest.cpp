@@ -18,6 +18,22 @@ TEST_F(DatabaseFileTest, IsFoundAgain) {
   EXPECT_NE(FailureOf([&] { DoorsDatabase::Create(Path(u"db")); }).find("exists"), std::string::npos);
 }
 
+TEST_F(DatabaseFileTest, OfTheFirstVersionIsBroughtUpToDate) {
+  DoorsDatabase::Create(Path(u"db")).Sql().Exec(
+      "INSERT INTO item (parent, type, name) VALUES (1, 'Formal', 'Old');"
+      "ALTER TABLE attribute DROP COLUMN readable; PRAGMA user_version = 1");
+  DoorsDatabase::Open(Path(u"db"));
+  auto database = DoorsDatabase::Open(Path(u"db"));
+  EXPECT_TRUE(ModuleContent(database, database.FindPath(u"/Old")->id).Attributes()[0].readable);
+}
+
+TEST_F(DatabaseFileTest, NamesTheFileThatCannotBeWritten) {
+  DoorsDatabase::Create(Path(u"db"));
+  const std::string error = FailureOf(
+      [&] { Database::OpenReadOnly(Path(u"db")).Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Folder', 'F')"); });
+  EXPECT_NE(error.find("db: the file cannot be written; make it"), std::string::npos) << error;
+}
+
 TEST_F(DatabaseFileTest, RefusesWhatIsNoDatabaseOfOurs) {
   WriteFile(folder.File(u"text"),
             "no database at all, though it is long enough for a header of one hundred bytes, "

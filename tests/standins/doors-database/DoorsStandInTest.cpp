@@ -121,6 +121,28 @@ TEST_F(StandInTest, UsersOpenModulesToo) {
             u"4");
 }
 
+TEST_F(StandInTest, AnAttributeMayBeUnreadable) {
+  database.Sql().Exec("UPDATE attribute SET readable = 0 WHERE name = 'Status'");
+  EXPECT_EQ(Run(u"Module m = read(\"/Demo/Specs/Car\", false)\nObject o = object(4, m)\nstring s = o.\"Cost\" \"\"\n"
+                u"noError()\ns = s o.\"Status\" \"\"\noleSetResult(s \"|\" lastError())"),
+            u"12|no read access to attribute (Status)");
+}
+
+TEST_F(StandInTest, ClosingWhatIsNotSavedAsksOrLosesIt) {
+  const Text module = u"Module m = module(item \"/Demo/Specs/Car\")\n";
+  doors.UserOpens(u"/Demo/Specs/Car", false);
+  EXPECT_EQ(Run(module + u"oleSetResult(isRead(m) \"\" isEdit(m) \"\" unsaved(m) \"\")"), u"truefalsefalse");
+  doors.UserEdits(u"/Demo/Specs/Car");
+  EXPECT_EQ(Run(module + u"oleSetResult(isRead(m) \"\" isEdit(m) \"\" unsaved(m) \"\")"), u"falsetruetrue");
+  EXPECT_EQ(doors.Complaints(), std::vector<Text>());
+  EXPECT_EQ(Run(module + u"oleSetResult(close(m) \"\")"), u"false");
+  EXPECT_EQ(doors.OpenModules().size(), 1u);
+  EXPECT_EQ(Run(module + u"oleSetResult(close(m, false) \"\")"), u"true");
+  EXPECT_EQ(doors.OpenModules().size(), 0u);
+  EXPECT_EQ(doors.Complaints(), (std::vector<Text>{u"asked whether to save /Demo/Specs/Car",
+                                                   u"lost the changes of /Demo/Specs/Car"}));
+}
+
 TEST_F(StandInTest, ListsModulesAndViews) {
   EXPECT_EQ(doors.FormalModules(),
             (std::vector<Text>{u"/Inner/Deep", u"/Demo/Specs/Car", u"/Demo/Specs/Secret", u"/Loose/Alone"}));

@@ -1,5 +1,6 @@
 #include <set>
 
+#include "standins/doors-database/OutlineNumbers.h"
 #include "tests/standins/doors-database/DoorsTestFiles.h"
 
 namespace kestrune::standins {
@@ -325,7 +326,7 @@ TEST_F(LoadReqifTest, LargeFilesTakeTimeInProportion) {
 }
 
 TEST_F(LoadReqifTest, HierarchyMayBeHoweverDeep) {
-  constexpr int kDepth = 5000;
+  constexpr int kDepth = 40'000;
   std::string objects, open, close;
   for (int i = 0; i < kDepth; ++i) {
     objects += SpecObject("o" + std::to_string(i), "T1", "");
@@ -333,7 +334,11 @@ TEST_F(LoadReqifTest, HierarchyMayBeHoweverDeep) {
     close += "</CHILDREN></SPEC-HIERARCHY>";
   }
   LoadText(Document(objects, open + close));
-  EXPECT_EQ(Content(u"/P/A-B").Objects().back().level, kDepth);
+  const auto content = Content(u"/P/A-B");
+  EXPECT_EQ(content.Objects().back().level, kDepth);
+  const OutlineNumbers numbers(content, false);
+  EXPECT_EQ(numbers.At(1), u"0.1.1");
+  EXPECT_EQ(numbers.At(kDepth - 1).size(), 2u * kDepth + 1) << "all of them would fill the memory";
 }
 
 }  // namespace
