@@ -36,7 +36,8 @@ void RemoveOldExports(const Text& folder) {
   const auto an_hour_ago = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
   for (const auto& file : std::filesystem::directory_iterator(ToPath(folder), ignored)) {
     const bool is_export = file.path().filename().string().starts_with("DP");
-    if (is_export && file.last_write_time(ignored) < an_hour_ago) std::filesystem::remove(file.path(), ignored);
+    if (is_export && file.last_write_time(ignored) < an_hour_ago)
+      std::filesystem::remove(file.path(), ignored);
   }
 }
 

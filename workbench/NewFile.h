@@ -1,5 +1,5 @@
-// A file in the making: it gets its name when it is whole, so that a command that is cut off leaves nothing that is in
-// the way of the next one.
+// A file in the making: it gets its name when it is whole, so that a command that is cut off leaves nothing
+// that is in the way of the next one.
 #pragma once
 
 #include <filesystem>

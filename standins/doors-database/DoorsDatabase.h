@@ -30,8 +30,8 @@ class DoorsDatabase {
 
   /// Makes a new file with nothing but the root folder; an existing file is refused.
   static DoorsDatabase Create(const std::filesystem::path& path) { return {path, kNew}; }
-  /// Opens an existing one; the tables of an older version are brought up to date. Throws AutomationError, and
-  /// writes nothing, when there is no file or it is something else.
+  /// Opens an existing one; the tables of an older version are brought up to date. Throws AutomationError,
+  /// and writes nothing, when there is no file or it is something else.
   static DoorsDatabase Open(const std::filesystem::path& path) { return {path, kExisting}; }
 
   std::optional<Item> Find(ItemId id);

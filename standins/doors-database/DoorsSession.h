@@ -26,8 +26,8 @@ class DoorsSession {
   /// AutomationError when its content makes no sense.
   std::shared_ptr<OpenModule> OpenItem(const Item& item, bool is_displayed);
   void Close(OpenModule& module);
-  /// `close` without a word on saving: the user is asked about unsaved changes, and nobody answers. False then,
-  /// and the module stays open.
+  /// `close` without a word on saving: the user is asked about unsaved changes, and nobody answers. False
+  /// then, and the module stays open.
   bool CloseAsking(OpenModule& module);
   /// `close` that saves nothing: what was not saved is lost.
   void CloseLosing(OpenModule& module);

@@ -35,8 +35,8 @@ class DoorsStandIn : private dxl::Host {
   DoorsStandIn& operator=(const DoorsStandIn&) = delete;
   ~DoorsStandIn() override;
 
-  /// "Doors.Application", the same each time. Unless DOORS is ready, each use throws AutomationError
-  /// kNotConnected.
+  /// "Doors.Application", the same each time. Unless DOORS is ready, each
+  /// use throws AutomationError kNotConnected.
   Object Application();
   /// In any state but ready no module is open.
   void SetPhase(DoorsPhase state);
@@ -66,8 +66,8 @@ class DoorsStandIn : private dxl::Host {
   /// Names of a module's views, without "Standard view"; nothing when there is no such module.
   std::optional<std::vector<Text>> ViewsOf(TextView module_path);
   std::vector<OpenModuleState> OpenModules() const;
-  /// What the user was asked by scripts ("asked whether to save /P/M"), or lost through them ("lost the changes
-  /// of /P/M"). A question ends as if the user had cancelled it.
+  /// What the user was asked by scripts ("asked whether to save /P/M"), or lost through them ("lost the
+  /// changes of /P/M"). A question ends as if the user had cancelled it.
   const std::vector<Text>& Complaints() const { return session_.Complaints(); }
 
   /// What a user does in DOORS. False when there is no such module, or no such view that can be loaded.

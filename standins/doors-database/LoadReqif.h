@@ -9,8 +9,8 @@ struct LoadedModule {
   Text path;
   int objects = 0;  // in the file; of these:
   int added = 0;
-  int restored = 0;  // soft-deleted before, back again
-  int removed = 0;   // in the database only, soft-deleted now
+  int restored = 0;            // soft-deleted before, back again
+  int removed = 0;             // in the database only, soft-deleted now
   std::vector<Text> warnings;  // "file(line): what was left out"
 };
 

@@ -19,13 +19,13 @@ struct View {
   std::vector<FilterCondition> conditions;  // all must hold; none lets everything through
 };
 
-/// Nothing when the module has no view of that name. Every module has the standard view, which filters
-/// nothing.
+/// Nothing when the module has no view of that name. Every module has the standard
+/// view, which filters nothing.
 std::optional<View> ReadView(Database& database, ItemId module, TextView name);
 
-/// Which objects meet all conditions, by their place. A table stands or falls as a whole: it is let through
-/// when any of its parts is. Nothing when a condition names an attribute that objects of the module do not
-/// have.
+/// Which objects meet all conditions, by their place. A table stands or falls as a whole: it is let
+/// through when any of its parts is. Nothing when a condition names an attribute that objects of the
+/// module do not have.
 std::optional<std::vector<bool>> Accepted(const ModuleContent& content,
                                           const std::vector<FilterCondition>& conditions);
 

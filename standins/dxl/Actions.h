@@ -69,8 +69,8 @@ struct LoopAction final : Action {
   const Action* body_;
 };
 
-/// for i in from : to by step do; both ends count. What DOORS makes of a body that changes the variable is not
-/// known, so that is an error.
+/// for i in from : to by step do; both ends count. What DOORS makes of a body that changes the variable is
+/// not known, so that is an error.
 struct RangeAction final : Action {
   RangeAction(const Place* variable, const Node* from, const Node* to, const Node* by, const Action* body)
       : variable_(variable), from_(from), to_(to), by_(by), body_(body) {}

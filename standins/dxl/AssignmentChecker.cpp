@@ -57,8 +57,7 @@ Meaning ExpressionChecker::AutoDeclare(const Expr& expr, const Expr& target) {
   if (!value) return value;
   const Candidate& only = value.candidates.front();
   const bool has_type = value.candidates.size() == 1 && only.type.id >= kBool.id && !only.type.is_array;
-  if (!has_type || target.kind == ExprKind::kTyped)
-    return Problem{target.at, UnknownWord(target.word)};
+  if (!has_type || target.kind == ExprKind::kTyped) return Problem{target.at, UnknownWord(target.word)};
   const VariableName* variable = checking_.names.FindVariable(target.word);  // x = x = 1
   if (!variable) variable = checking_.names.Declare(target.word, only.type, false, false);
   return ResolveAssign(expr.at, ResolveVariable(*variable, target.at), value);

@@ -8,8 +8,8 @@
 
 namespace kestrune::dxl {
 
-/// How deep expressions and statements may nest in the source. It bounds the native stack of every later
-/// walk.
+/// How deep expressions and statements may nest in the source. It bounds the native stack
+/// of every later walk.
 inline constexpr int kMaxNesting = 200;
 
 enum class ExprKind {

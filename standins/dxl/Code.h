@@ -1,5 +1,5 @@
-// The form in which a script runs: trees of nodes whose names, overloads and slots were all settled by the
-// compiler.
+// The form in which a script runs: trees of nodes whose names, overloads and slots were all
+// settled by the compiler.
 #pragma once
 
 #include <memory>

@@ -21,8 +21,8 @@ struct Error {
   bool is_runtime = false;
 };
 
-/// Thrown by a perm that fails. The interpreter adds the place, and under noError() keeps the text and goes
-/// on.
+/// Thrown by a perm that fails. The interpreter adds the place, and under noError() keeps the
+/// text and goes on.
 struct ScriptError : std::runtime_error {
   /// A long message, as of a perm that names its argument, is cut.
   explicit ScriptError(TextView message) : runtime_error(ToUtf8(Cut(message))), Message(Cut(message)) {}

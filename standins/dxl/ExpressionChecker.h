@@ -13,8 +13,8 @@ class ExpressionChecker {
   Meaning Resolve(const Expr& expr);
   /// An element of a chain or an argument in a list. A function there must be called with its parentheses.
   Meaning ResolveArgument(const Expr& expr);
-  /// The expression as a value of `type`. Throws Problem: `problem` at the expression if it has no such
-  /// reading.
+  /// The expression as a value of `type`. Throws Problem: `problem` at the expression if it
+  /// has no such reading.
   const Node* Require(const Expr& expr, Type type, TextView problem);
   /// target = value, for assignments and initial values. Throws nothing; the meaning tells.
   Meaning ResolveAssign(Position at, const Meaning& target, const Meaning& value);

@@ -1,5 +1,5 @@
-// What a running script reaches outside itself. The interpreter has no files, no output and no clock of its
-// own.
+// What a running script reaches outside itself. The interpreter has no files, no output and no
+// clock of its own.
 #pragma once
 
 #include "platform/Text.h"

@@ -1,20 +1,21 @@
-// What scripts may use besides the language itself: handle types, perms, properties, operators and loops,
-// each with a C++ function behind it. A new Library has the perms of the language (strings, Skip, Buffer,
-// Regexp, ...).
+// What scripts may use besides the language itself: handle types, perms, properties, operators and
+// loops, each with a C++ function behind it. A new Library has the perms of the language (strings,
+// Skip, Buffer, Regexp, ...).
 //
 //   Library library;
 //   library.AddType(u"Object");
-//   library.Add(u"string identifier(Object)", [](Call& call) { return Value(call.As<Record>(0).identifier);
-//   }); library.Add(u"string oleGet(OleAutoObj, string, string&)", ...);  // call.Set(2, Value(text))
+//   library.Add(u"string identifier(Object)",
+//               [](Call& call) { return Value(call.As<Record>(0).identifier); });
+//   library.Add(u"string oleGet(OleAutoObj, string, string&)", ...);  // call.Set(2, Value(text))
 //   library.Add(u"void put(OleAutoArgs, OleAutoObj?)", ...);          // "?": null is welcome
 //   library.Add(u"string .name(AttrDef)", ...);                       // the property ad.name
-//   library.Add(u"Attr__ .(Object, string)", ...);                    // attribute access o."X" and
-//   o.variable library.Add(u"string ..(Attr__, string)", ...);                   // concatenation o."X" ""
-//   library.Add(u"int =(int&, Attr__)", ...);                         // int n = o."X"; the perm does
-//   call.Set(0, ..) library.Add(u"Module current()", ...);                            // m = current,
-//   (current Module) library.Add(u"Module current=(Module)", ...);                     // current = m,
-//   (current ModuleRef__) = m library.AddLoop(u"for Object in entire Module", ...); library.AddLoop(u"for
-//   Project in database", ...);
+//   library.Add(u"Attr__ .(Object, string)", ...);      // attribute access o."X" and o.variable
+//   library.Add(u"string ..(Attr__, string)", ...);     // concatenation o."X" ""
+//   library.Add(u"int =(int&, Attr__)", ...);           // int n = o."X"; the perm does call.Set(0, ...)
+//   library.Add(u"Module current()", ...);              // m = current, (current Module)
+//   library.Add(u"Module current=(Module)", ...);       // current = m, (current ModuleRef__) = m
+//   library.AddLoop(u"for Object in entire Module", ...);
+//   library.AddLoop(u"for Project in database", ...);
 #pragma once
 
 #include <functional>
@@ -68,11 +69,10 @@ class Library {
   /// == and != of handles of the type: whether they are the same one. Types without it have no comparison.
   void AddIdentity(TextView type);
 
-  /// Adds an overload: "result name(type, type&, type?, type[])". The name is a word, an operator ( .. = +=
-  /// == [] . ),
-  /// ".word" for a property, "word=" for assignment to a word. Overloads may differ in the result type alone;
-  /// the context then decides, and the one added first where it does not. At most kMaxParameters parameters.
-  /// A signature with an unknown type or bad form throws std::invalid_argument.
+  /// Adds an overload: "result name(type, type&, type?, type[])". The name is a word, an operator
+  /// ( .. = += == [] . ), ".word" for a property, "word=" for assignment to a word. Overloads may differ in
+  /// the result type alone; the context then decides, and the one added first where it does not. At most
+  /// kMaxParameters parameters. A signature with an unknown type or bad form throws std::invalid_argument.
   void Add(TextView signature, Perm perm);
 
   /// "for Type in Collection", where Collection is a type, a word with a type ("entire Module": the perm

@@ -32,8 +32,8 @@ class Machine {
     state_.budget.Spend(1);
   }
 
-  /// A run-time error: ends the run, or under noError() is kept and the failed operation gives the default of
-  /// `type`.
+  /// A run-time error: ends the run, or under noError() is kept and the failed operation gives
+  /// the default of `type`.
   Value Fail(Position at, const Text& message, Type type);
   /// Stands in for a variable that could not be located under noError().
   Value* Scratch(Type type) { return &(scratch_ = Value::Default(type)); }

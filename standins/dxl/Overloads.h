@@ -21,8 +21,8 @@ struct Checking {
 /// Whether calls of `name` have anything to choose from: functions of the script or perms.
 bool IsFunction(const Checking& checking, const Text& name);
 
-/// The node that gives `meaning` as a value of `type`: its reading of that type, or null as that type. Null
-/// if none.
+/// The node that gives `meaning` as a value of `type`: its reading of that type, or null as that
+/// type. Null if none.
 const Node* ValueOf(Checking& checking, const Meaning& meaning, Type type);
 
 /// Call of a perm only: operators, properties, setters. The meaning has one reading per result type; where

@@ -78,8 +78,8 @@ class Searcher {
   int Size() const { return static_cast<int>(text_.size()); }
   char16_t At(int position) const { return text_[static_cast<std::size_t>(position)]; }
 
-  /// Adds the threads that `at` leads to without consuming a character. It calls itself at most once per
-  /// instruction.
+  /// Adds the threads that `at` leads to without consuming a character. It calls itself at
+  /// most once per instruction.
   void Follow(std::vector<Thread>& threads, int at, int position, Boundaries boundaries) {
     for (;;) {
       int& seen_at = seen_at_[static_cast<std::size_t>(at)];

@@ -11,7 +11,8 @@ namespace kestrune::dxl {
 namespace {
 
 struct Regexp {
-  explicit Regexp(const Text& pattern) : regex(std::in_place, pattern), lease(sizeof(Regexp) + regex->Bytes()) {}
+  explicit Regexp(const Text& pattern)
+      : regex(std::in_place, pattern), lease(sizeof(Regexp) + regex->Bytes()) {}
   std::optional<Regex> regex;  // nothing once the script has deleted it
   Lease lease;
 };
@@ -75,8 +76,7 @@ void AddRegexpPerms(Library& library) {
   library.Add(u"bool matches(string, string)",
               [](Call& call) { return Search(call, Regex(call.String(0)), call.String(1)); });
   library.Add(u"bool search(Regexp, Buffer, int)", SearchFrom);
-  library.Add(u"Match__ match(int)",
-              [](Call& call) { return NewHandle(call.Int(0)); });
+  library.Add(u"Match__ match(int)", [](Call& call) { return NewHandle(call.Int(0)); });
   library.Add(u"string [](string, Match__)", [](Call& call) { return MatchedText(call, call.String(0)); });
   library.Add(u"string [](Buffer, Match__)",
               [](Call& call) { return MatchedText(call, BufferAt(call, 0).text); });

@@ -87,8 +87,7 @@ Value Put(Call& call) {
   Skip& skip = ChangeableSkipAt(call, 0);
   Key key = KeyAt(call, skip, 1);
   const std::size_t bytes = BytesFor(key);
-  const bool is_new =
-      skip.entries.try_emplace(std::move(key), Entry{call.At(1), call.At(2)}).second;
+  const bool is_new = skip.entries.try_emplace(std::move(key), Entry{call.At(1), call.At(2)}).second;
   if (is_new) skip.lease.Grow(bytes);
   return Value(is_new);
 }

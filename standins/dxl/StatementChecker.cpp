@@ -227,8 +227,7 @@ const Action* StatementChecker::CheckPragma(const Stmt& statement) {
   const Expr& value = *statement.exprs[0];
   if (value.kind != ExprKind::kLiteral || value.literal.Kind() != kInt)
     throw Problem{value.at, u"incorrect arguments for (pragma)"};
-  if (statement.word != u"runLim")
-    throw Problem{statement.at, NotSupported(u"pragma " + statement.word)};
+  if (statement.word != u"runLim") throw Problem{statement.at, NotSupported(u"pragma " + statement.word)};
   return checking_.code.Make<RunLimitAction>(statement.at, value.literal.AsInt());
 }
 

@@ -9,8 +9,7 @@ namespace {
 constexpr TextView kOperators[] = {u"<?", u">?", u"<<", u">>", u"<<=", u">>=", u"<>", u"<-",
                                    u"=>", u"^^", u":=", u"::", u"..",  u"->",  u"\\"};
 
-constexpr TextView kWords[] = {u"case",   u"default", u"enum",  u"static",
-                               u"struct", u"switch",  u"union"};
+constexpr TextView kWords[] = {u"case", u"default", u"enum", u"static", u"struct", u"switch", u"union"};
 
 constexpr TextView kTypes[] = {
     // values and containers
@@ -18,9 +17,8 @@ constexpr TextView kTypes[] = {
     // modules and what is in them
     u"AccessRec", u"AttrBaseType", u"AttrType", u"Baseline", u"BaselineSet", u"BaselineSetDefinition",
     u"Column", u"Embedded", u"ExternalLink", u"Filter", u"History", u"HistorySession", u"HistoryType",
-    u"Justification", u"Link", u"LinkModuleDescriptor", u"LinkRef", u"Lock", u"LockList",
-    u"ModuleProperties", u"OutlineType", u"PageLayout", u"Sort", u"Table", u"Template", u"Trigger",
-    u"ViewDef", u"VersionID",
+    u"Justification", u"Link", u"LinkModuleDescriptor", u"LinkRef", u"Lock", u"LockList", u"ModuleProperties",
+    u"OutlineType", u"PageLayout", u"Sort", u"Table", u"Template", u"Trigger", u"ViewDef", u"VersionID",
     // users
     u"Group", u"GroupList", u"Permission", u"Policy", u"User", u"UserClass", u"UserList",
     // dialogs
@@ -28,9 +26,9 @@ constexpr TextView kTypes[] = {
 
 constexpr TextView kPerms[] = {
     // dialogs and messages
-    u"ack", u"addAcceleratorKey", u"apply", u"below", u"beside", u"block", u"box", u"button",
-    u"canvas", u"centered", u"choice", u"close", u"confirm", u"createDialog", u"error", u"errorBox",
-    u"field", u"fileName", u"frame", u"infoBox", u"label", u"list", u"messageBox", u"ok", u"progressStart",
+    u"ack", u"addAcceleratorKey", u"apply", u"below", u"beside", u"block", u"box", u"button", u"canvas",
+    u"centered", u"choice", u"close", u"confirm", u"createDialog", u"error", u"errorBox", u"field",
+    u"fileName", u"frame", u"infoBox", u"label", u"list", u"messageBox", u"ok", u"progressStart",
     u"progressStep", u"progressStop", u"query", u"radioBox", u"realize", u"separator", u"show", u"slider",
     u"tab", u"toggle", u"topDialog", u"treeView", u"warn", u"warningBox",
     // modules, views, attributes, objects, links
@@ -45,9 +43,9 @@ constexpr TextView kPerms[] = {
     // numbers
     u"cos", u"exp", u"log", u"pow", u"random", u"sin", u"sqrt", u"tan"};
 
-constexpr TextView kProperties[] = {u"attributeName", u"changeBars", u"dates", u"defval", u"history", u"locale",
-                                    u"maxValue", u"minValue", u"nobars", u"size", u"strings", u"type",
-                                    u"useraccess", u"values"};
+constexpr TextView kProperties[] = {u"attributeName", u"changeBars", u"dates",      u"defval", u"history",
+                                    u"locale",        u"maxValue",   u"minValue",   u"nobars", u"size",
+                                    u"strings",       u"type",       u"useraccess", u"values"};
 
 template <typename Table>
 bool Contains(const Table& table, TextView word) {

@@ -7,8 +7,8 @@
 
 namespace kestrune::dxl {
 
-/// What is not supported where the parser cannot go on: "the operator ->", "#include", "switch", "the type DB".
-/// `next` is the token behind it. Nothing for a token that has no place in DXL either.
+/// What is not supported where the parser cannot go on: "the operator ->", "#include", "switch", "the type
+/// DB". `next` is the token behind it. Nothing for a token that has no place in DXL either.
 std::optional<Text> UnsupportedAt(const Token& token, const Token& next);
 
 /// "... is not supported here".

@@ -1,5 +1,5 @@
-// A run-time value: a scalar, a text (shared, never changed while it is), an array, or an opaque counted
-// handle.
+// A run-time value: a scalar, a text (shared, never changed while it is), an array, or
+// an opaque counted handle.
 #pragma once
 
 #include <memory>

@@ -12,7 +12,8 @@ constexpr int kPatienceMs = 5000;  // how long a statement waits for another con
   throw AutomationError(error::kFileFailure, u"Database", FromUtf8(message));
 }
 
-/// The last failure of a connection. Where the file is in somebody else's hands, it says which file, and what to do.
+/// The last failure of a connection. Where the file is in somebody else's hands, it says which file,
+/// and what to do.
 [[noreturn]] void ThrowLast(sqlite3* handle) {
   const char* path = sqlite3_db_filename(handle, "main");
   const auto refuse = [&](const char* why) {
@@ -158,8 +159,7 @@ sqlite3_stmt* Database::Compile(std::string_view sql) {
   sqlite3_stmt* handle = nullptr;
   const char* tail = nullptr;
   const auto size = static_cast<int>(sql.size());
-  if (sqlite3_prepare_v2(handle_, sql.data(), size, &handle, &tail) != SQLITE_OK)
-    ThrowLast(handle_);
+  if (sqlite3_prepare_v2(handle_, sql.data(), size, &handle, &tail) != SQLITE_OK) ThrowLast(handle_);
   if (!handle) Throw("no SQL statement");
   const std::string_view rest = sql.substr(static_cast<std::size_t>(tail - sql.data()));
   if (rest.find_first_not_of(" \t\r\n") == std::string_view::npos) return handle;

@@ -16,15 +16,15 @@ namespace kestrune::standins {
 /// A path as it is shown.
 Text PathText(const std::filesystem::path& path);
 
-/// Thrown when a file is locked by another program, cannot be written, or has no room to grow; the description names
-/// the file and says what to do.
+/// Thrown when a file is locked by another program, cannot be written, or has no room to grow; the
+/// description names the file and says what to do.
 struct FileBlocked : AutomationError {
   using AutomationError::AutomationError;
 };
 
-/// A prepared statement, ready to step. When it goes, it is reset and kept by its database for the next
-/// Prepare of the same SQL; it must not outlive the database. All failures are AutomationErrors with SQLite's
-/// message.
+/// A prepared statement, ready to step. When it goes, it is reset and kept by its database for the
+/// next Prepare of the same SQL; it must not outlive the database. All failures are
+/// AutomationErrors with SQLite's message.
 class Statement {
  public:
   Statement(Statement&& other) noexcept;
@@ -102,8 +102,8 @@ class Database {
   Database& operator=(const Database&) = delete;
   ~Database();
 
-  /// Trades safety against a failing machine, not against a failing program, for the speed of many small
-  /// writes.
+  /// Trades safety against a failing machine, not against a failing program, for the speed
+  /// of many small writes.
   void FavourSpeed();
 
   /// Runs statements, separated by ";", that need no parameters and answer nothing.

@@ -63,7 +63,8 @@ inline std::vector<ScriptFile> ScriptsIn(const char* document) {
   std::vector<ScriptFile> scripts;
   for (std::size_t at = text.find(begin); at != std::string::npos; at = text.find(begin, at)) {
     at += begin.size();
-    const auto line = std::to_string(1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+    const auto line =
+        std::to_string(1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
     scripts.push_back(ReadScript("line " + line, text.substr(at, text.find(end, at) - at)));
   }
   return scripts;

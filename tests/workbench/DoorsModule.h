@@ -65,7 +65,8 @@ class DoorsModule {
   }
 
   void SetAttributeReadable(const Text& attribute, bool readable) {
-    sql_.Prepare("UPDATE attribute SET readable = ? WHERE module = ? AND name = ?", readable, id_, attribute).Run();
+    sql_.Prepare("UPDATE attribute SET readable = ? WHERE module = ? AND name = ?", readable, id_, attribute)
+        .Run();
   }
 
   /// "" takes the value away.

@@ -97,8 +97,8 @@ TEST_F(ExportFile, WritesTheValuesThatAnObjectHasAndNoOthers) {
   }
 }
 
-/// DOORS keeps every text that a script makes. An object costs its own values: identifier, numbers, texts; its level,
-/// its parent's identifier and the names of attributes and elements are there already.
+/// DOORS keeps every text that a script makes. An object costs its own values: identifier, numbers, texts;
+/// its level, its parent's identifier and the names of attributes and elements are there already.
 TEST_F(ExportFile, MakesNoTextsBeyondTheValues) {
   DoorsModule large(database, u"Large");
   large.AddAttribute(u"Status");

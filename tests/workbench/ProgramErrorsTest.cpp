@@ -124,7 +124,8 @@ TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
 TEST_F(BadCommands, NameAFileThatAnotherProgramHolds) {
   standins::Database other = standins::Database::Open(ToPath(folder.File(u"d.doors")));
   other.Exec("BEGIN EXCLUSIVE");
-  Fail({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors"}, "d.doors: another program is writing");
+  Fail({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors"},
+       "d.doors: another program is writing");
 }
 
 TEST_F(BadCommands, EndWithOneWhereTheOutputCannotBeWritten) {
@@ -142,7 +143,8 @@ TEST_F(CommandLine, CutOffCommandsLeaveNothingInTheWay) {
   Do({"new", "@m.orim", "--package", "Req", "--data", "@data"});
   Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--data", "@data"});
   Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});
-  for (const char16_t* exported : {u"DP1", u"DP2"}) WriteFile(folder.File(Text(u"data/Temp/") + exported), "");
+  for (const char16_t* exported : {u"DP1", u"DP2"})
+    WriteFile(folder.File(Text(u"data/Temp/") + exported), "");
   std::filesystem::last_write_time(ToPath(folder.File(u"data/Temp/DP1")),
                                    std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
   Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});

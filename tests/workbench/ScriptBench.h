@@ -55,7 +55,8 @@ class ScriptBench : public ::testing::Test, private ObjectFactory {
     return outcome.result;
   }
 
-  /// What is open, a line for each: path, "displayed" or "hidden", "edited" where it is, view, current object.
+  /// What is open, a line for each: path, "displayed" or "hidden", "edited" where it
+  /// is, view, current object.
   std::string OpenModules() const {
     std::string lines;
     for (const auto& open : doors.OpenModules())

@@ -136,8 +136,8 @@ TEST_F(ScriptBench, AScriptThatDiesLeavesNoAnswer) {
   }
 }
 
-/// Perms fail in turn with a run-time error. What comes of it is the whole answer, an error that is told, or none at
-/// all; and no module stays open without a window, unless it is closing itself that fails.
+/// Perms fail in turn with a run-time error. What comes of it is the whole answer, an error that is told, or
+/// none at all; and no module stays open without a window, unless it is closing itself that fails.
 TEST_F(ScriptBench, ARunTimeErrorAnywhereIsToldAndLeavesNothingHidden) {
   for (const auto& [script, parameter] : kRuns) {
     const Text whole = Answer(script, parameter);
@@ -153,7 +153,8 @@ TEST_F(ScriptBench, ARunTimeErrorAnywhereIsToldAndLeavesNothingHidden) {
       if (!has_failed) break;
       const bool is_told = answer.starts_with(u"Error: "), is_whole = answer == whole || IsFile(answer);
       told += is_told ? 1 : 0;
-      EXPECT_TRUE(is_told || is_whole || answer.empty()) << script << " failed at " << perm << ": " << ToUtf8(answer);
+      EXPECT_TRUE(is_told || is_whole || answer.empty())
+          << script << " failed at " << perm << ": " << ToUtf8(answer);
       if (is_whole) continue;
       EXPECT_EQ(OpenModules().find("hidden"), std::string::npos) << script << " failed at " << perm;
     }
@@ -163,8 +164,7 @@ TEST_F(ScriptBench, ARunTimeErrorAnywhereIsToldAndLeavesNothingHidden) {
 
 TEST_F(ScriptBench, AnAttributeThatMayNotBeReadEndsTheExport) {
   module.SetAttributeReadable(u"Status", false);
-  const Text refused =
-      u"Error: Attribute 'Status' cannot be read: no read access to attribute (Status)";
+  const Text refused = u"Error: Attribute 'Status' cannot be read: no read access to attribute (Status)";
   EXPECT_EQ(Answer(dxl_script::kExportModule, u"/P/M~0~~"), refused);
   EXPECT_EQ(OpenModules(), "");
   EXPECT_TRUE(IsFile(Answer(dxl_script::kExportModule, u"/P/M~1~~"))) << "its name can be listed";

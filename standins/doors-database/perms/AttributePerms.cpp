@@ -64,8 +64,7 @@ void AddAttributePerms(PermTable& table) {
     OpenModule& module = ModuleOf(call, 0);
     return Value(module.AttributeHandle(module.content.AttributeAt(call.String(1))));
   });
-  table.Add(u"AttrName__ attribute(string)",
-            [](Call& call) { return dxl::NewHandle(NameHandle(call, 0)); });
+  table.Add(u"AttrName__ attribute(string)", [](Call& call) { return dxl::NewHandle(NameHandle(call, 0)); });
   table.Add(u"bool exists(AttrName__)", [&](Call& call) {
     return Value(CurrentModule(session).content.AttributeAt(call.As<NameHandle>(0).Get()) != kNone);
   });

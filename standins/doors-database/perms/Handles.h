@@ -1,5 +1,5 @@
-// What the handles of scripts point to, and how perms reach through them. Whatever is dead or gone is a
-// run-time error.
+// What the handles of scripts point to, and how perms reach through them. Whatever is dead or gone
+// is a run-time error.
 #pragma once
 
 #include "standins/doors-database/DoorsSession.h"

@@ -12,7 +12,8 @@ using dxl::Value;
 constexpr std::size_t kWorkOfAnObject = 1000;  // to read it, counted in characters
 
 void RefuseInLoop(const DoorsSession& session) {
-  if (session.IsWalked()) throw ScriptError(u"modules cannot be opened or closed inside a loop over modules or items");
+  if (session.IsWalked())
+    throw ScriptError(u"modules cannot be opened or closed inside a loop over modules or items");
 }
 
 /// `read`: the module is opened, or it is open already and stays as it is; whether DOORS would then give a
@@ -39,11 +40,10 @@ const Text& ModulePath(Call& call) {
 
 void AddNames(PermTable& table) {
   DoorsSession& session = table.session;
-  table.Add(u"ModName_ module(string)",
-            [](Call& call) {
-              ModulePath(call);
-              return dxl::NewHandle(NameHandle(call, 0));
-            });
+  table.Add(u"ModName_ module(string)", [](Call& call) {
+    ModulePath(call);
+    return dxl::NewHandle(NameHandle(call, 0));
+  });
   table.Add(u"bool module(string)",
             [&](Call& call) { return Value(ModuleItem(session, ModulePath(call)).has_value()); });
   const auto found = [&session](Call& call) { return ModuleItem(session, call.As<NameHandle>(0).Get()); };

@@ -78,8 +78,8 @@ Number NumberOf(Call& call) {
   return number;
 }
 
-/// A string variable takes texts and enumerations; the help promises the conversion of other types only for
-/// concatenation.
+/// A string variable takes texts and enumerations; the help promises the conversion of other
+/// types only for concatenation.
 Value AssignText(Call& call) {
   if (const auto reference = call.Share<AttributeReference>(1)) {
     const auto& definition =

@@ -34,8 +34,7 @@ void AddViewPerms(PermTable& table) {
               [&](Call& call) { return Load(session, call, ModuleOf(call, 0), call.As<NameHandle>(1)); });
   table.Add(u"string currentView(Module)", [](Call& call) { return Value(ModuleOf(call, 0).ViewName()); });
   table.Add(u"bool canRead(Module, View)", [&](Call& call) {
-    const auto view =
-        ReadView(session.Database().Sql(), ModuleOf(call, 0).id, call.As<NameHandle>(1).Get());
+    const auto view = ReadView(session.Database().Sql(), ModuleOf(call, 0).id, call.As<NameHandle>(1).Get());
     return Value(view && view->loadable);
   });
   table.AddLoop(u"for string in views Module", [&](Call& call) -> dxl::Next {

@@ -1,5 +1,5 @@
-// A requirement exchange file in DOORS' terms: modules with attribute definitions and objects in document
-// order.
+// A requirement exchange file in DOORS' terms: modules with attribute definitions and
+// objects in document order.
 #pragma once
 
 #include <vector>

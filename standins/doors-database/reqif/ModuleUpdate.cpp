@@ -57,8 +57,8 @@ class Update {
     return found->id;
   }
 
-  /// Gives the database's ids of the file's attributes. DOORS' own keep their definition and their place in
-  /// front.
+  /// Gives the database's ids of the file's attributes. DOORS' own keep their definition and
+  /// their place in front.
   std::vector<std::int64_t> WriteAttributes() {
     std::vector<std::int64_t> ids;
     for (const ExchangeAttribute& attribute : module_.attributes) {

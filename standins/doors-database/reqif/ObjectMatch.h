@@ -18,7 +18,8 @@ struct ObjectMatch {
 };
 
 /// By identifier first, then by absolute number. A new object gets the number that the file gives it if that
-/// is free, else the next number after the highest (or, behind the last of all, the lowest that is free); numbers of soft-deleted objects are not free.
+/// is free, else the next number after the highest (or, behind the last of all, the lowest that is free);
+/// numbers of soft-deleted objects are not free.
 ObjectMatch MatchObjects(Database& database, ItemId module, const std::vector<ExchangeObject>& objects);
 
 }  // namespace kestrune::standins

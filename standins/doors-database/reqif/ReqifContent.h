@@ -36,8 +36,8 @@ struct ReqifContent {
 /// Throws AutomationError for what is no well-formed ReqIF.
 ReqifContent ReadReqifContent(const std::string& xml, const Text& file);
 
-/// The module that a specification becomes. Its attributes are those of the object types that its objects
-/// use.
+/// The module that a specification becomes. Its attributes are those of the object types
+/// that its objects use.
 ExchangeModule MakeModule(const ReqifSpecification& specification, const ReqifContent& content,
                           const Text& file);
 

@@ -44,8 +44,8 @@ class ModuleMaker {
     AddType(specification_.type, &ExchangeAttribute::on_module);
   }
 
-  /// Definitions of one name in several types are one attribute; within one type the second is called "name (2)",
-  /// or the next number that is nobody's name there.
+  /// Definitions of one name in several types are one attribute; within one type the second is called "name
+  /// (2)", or the next number that is nobody's name there.
   void AddType(const std::string& type, bool ExchangeAttribute::*applies) {
     const auto& definitions = content_.types.DefinitionsOf(type);
     std::unordered_set<Text> own_names;
@@ -88,7 +88,8 @@ class ModuleMaker {
     const ReqifObject* source = ObjectAt(place);
     if (!source) {
       module_.warnings.push_back(FileMessage(file_, place.line,
-                                             u"the hierarchy refers to the object \"" + FromUtf8(place.object) +
+                                             u"the hierarchy refers to the object \"" +
+                                                 FromUtf8(place.object) +
                                                  u"\", which the file does not hold; it is left out"));
       object_of_place_.push_back(parent);
       return;
@@ -108,7 +109,8 @@ class ModuleMaker {
     module_.objects.push_back(std::move(object));
   }
 
-  /// An object may stand at several places; the later ones need a key of their own, which no other object has.
+  /// An object may stand at several places; the later ones need a key of their own, which
+  /// no other object has.
   Text UnusedOrigin(const std::string& identifier) {
     int& nth = times_placed_[identifier];
     std::string origin = identifier;

@@ -1,5 +1,5 @@
-// The few questions that the ReqIF reader asks of an XML element. Names are compared without their namespace
-// prefix.
+// The few questions that the ReqIF reader asks of an XML element. Names are compared
+// without their namespace prefix.
 #pragma once
 
 #include <libxml/tree.h>

@@ -22,8 +22,8 @@ const std::map<std::string, Text> kDoorsNames = {
     {"ReqIF.ForeignModifiedOn", u"Last Modified On"},
 };
 
-// The layout of DOORS' tables; a tool that re-saves the file may lose the mark that says they are system
-// attributes.
+// The layout of DOORS' tables; a tool that re-saves the file may lose the mark that says
+// they are system attributes.
 const std::set<Text> kTableAttributes = {
     u"TableType",           u"TableTopBorder", u"TableBottomBorder", u"TableLeftBorder",
     u"TableRightBorder",    u"TableCellAlign", u"TableCellWidth",    u"TableChangeBars",
@@ -41,8 +41,8 @@ Role RoleOf(const std::string& name, bool is_module_type) {
   return Role::kAttribute;
 }
 
-/// "2014-01-23T14:24:16.000+01:00" as DOORS prints a date: "23 January 2014 14:24:16", without a time at
-/// midnight.
+/// "2014-01-23T14:24:16.000+01:00" as DOORS prints a date: "23 January 2014 14:24:16", without
+/// a time at midnight.
 Text DateText(const std::string& value) {
   static constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March",    "April",
                                                           "May",       "June",     "July",     "August",

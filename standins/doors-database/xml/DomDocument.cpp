@@ -73,8 +73,8 @@ class DomNode : public StandInObject<DomNode> {
   Variant AppendChild(const Variant& argument) {
     RequireElement(u"appendChild");
     const XmlTree::Node child = FreeNode(argument, tree_);
-    // A node without children can contain nothing but itself; going up from every new leaf would be
-    // quadratic.
+    // A node without children can contain nothing but itself; going up from every new
+    // leaf would be quadratic.
     XmlTree::Node above = node_;
     while (above != child && tree_->HasChildren(child) && above != XmlTree::kNone)
       above = tree_->ParentOf(above);

@@ -38,9 +38,9 @@ class XmlTree {
   /// All text in the element and below.
   std::string TextOf(Node element) const;
 
-  /// Writes a node as it stands, without indentation; the document with a line end after each of its
-  /// children. Only what a parser would take for markup, and carriage returns, which it would drop, are
-  /// escaped.
+  /// Writes a node as it stands, without indentation; the document with a line end after each of
+  /// its children. Only what a parser would take for markup, and carriage returns, which it
+  /// would drop, are escaped.
   void Write(Node node, std::ostream& out) const;
 
  private:

@@ -19,9 +19,11 @@ TEST_F(DatabaseFileTest, IsFoundAgain) {
 }
 
 TEST_F(DatabaseFileTest, OfTheFirstVersionIsBroughtUpToDate) {
-  DoorsDatabase::Create(Path(u"db")).Sql().Exec(
-      "INSERT INTO item (parent, type, name) VALUES (1, 'Formal', 'Old');"
-      "ALTER TABLE attribute DROP COLUMN readable; PRAGMA user_version = 1");
+  DoorsDatabase::Create(Path(u"db"))
+      .Sql()
+      .Exec(
+          "INSERT INTO item (parent, type, name) VALUES (1, 'Formal', 'Old');"
+          "ALTER TABLE attribute DROP COLUMN readable; PRAGMA user_version = 1");
   DoorsDatabase::Open(Path(u"db"));
   auto database = DoorsDatabase::Open(Path(u"db"));
   EXPECT_TRUE(ModuleContent(database, database.FindPath(u"/Old")->id).Attributes()[0].readable);
@@ -29,8 +31,10 @@ TEST_F(DatabaseFileTest, OfTheFirstVersionIsBroughtUpToDate) {
 
 TEST_F(DatabaseFileTest, NamesTheFileThatCannotBeWritten) {
   DoorsDatabase::Create(Path(u"db"));
-  const std::string error = FailureOf(
-      [&] { Database::OpenReadOnly(Path(u"db")).Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Folder', 'F')"); });
+  const std::string error = FailureOf([&] {
+    Database::OpenReadOnly(Path(u"db"))
+        .Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Folder', 'F')");
+  });
   EXPECT_NE(error.find("db: the file cannot be written; make it"), std::string::npos) << error;
 }
 

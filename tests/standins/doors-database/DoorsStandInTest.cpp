@@ -123,7 +123,8 @@ TEST_F(StandInTest, UsersOpenModulesToo) {
 
 TEST_F(StandInTest, AnAttributeMayBeUnreadable) {
   database.Sql().Exec("UPDATE attribute SET readable = 0 WHERE name = 'Status'");
-  EXPECT_EQ(Run(u"Module m = read(\"/Demo/Specs/Car\", false)\nObject o = object(4, m)\nstring s = o.\"Cost\" \"\"\n"
+  EXPECT_EQ(Run(u"Module m = read(\"/Demo/Specs/Car\", false)\nObject o = object(4, m)\nstring s = "
+                u"o.\"Cost\" \"\"\n"
                 u"noError()\ns = s o.\"Status\" \"\"\noleSetResult(s \"|\" lastError())"),
             u"12|no read access to attribute (Status)");
 }

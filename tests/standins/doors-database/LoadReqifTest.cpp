@@ -276,8 +276,9 @@ TEST_F(LoadReqifTest, NumbersAndKeysStayApartWhateverTheFileCallsThem) {
 }
 
 TEST_F(LoadReqifTest, AttributesOfOneNameKeepTheirValues) {
-  LoadText(Document(SpecObject("o", "T3", Value("STRING", "m1", "one") + Value("STRING", "m2", "two") +
-                                              Value("STRING", "m3", "three")),
+  LoadText(Document(SpecObject("o", "T3",
+                               Value("STRING", "m1", "one") + Value("STRING", "m2", "two") +
+                                   Value("STRING", "m3", "three")),
                     Place("o")));
   const auto content = Content(u"/P/A-B");
   EXPECT_EQ(ValueOf(content, 1, u"More"), u"one");
@@ -290,23 +291,25 @@ TEST_F(LoadReqifTest, DocumentsGetNamesThatPathsCanHave) {
   for (const char* name : {"", "A/B", "A-B (2)", "A-B", ""})
     specifications += std::string("<SPECIFICATION IDENTIFIER='' LONG-NAME='").append(name).append("'/>");
   std::string paths;
-  for (const LoadedModule& module : LoadText(DocumentWith("", specifications))) paths += ToUtf8(module.path) + "|";
+  for (const LoadedModule& module : LoadText(DocumentWith("", specifications)))
+    paths += ToUtf8(module.path) + "|";
   EXPECT_EQ(paths, "/P/Unnamed|/P/A-B|/P/A-B (2)|/P/A-B (3)|/P/Unnamed (2)|");
 }
 
 TEST_F(LoadReqifTest, AnEntryWithoutItsObjectIsLeftOutWithAWarning) {
-  const auto loaded = LoadText(
-      Document(SpecObject("a", "T1", "") + SpecObject("b", "T1", "") + SpecObject("c", "T1", ""),
-               Place("a", "\n" + Place("lost", Place("b", Place("c")))) + Place("gone")));
+  const auto loaded =
+      LoadText(Document(SpecObject("a", "T1", "") + SpecObject("b", "T1", "") + SpecObject("c", "T1", ""),
+                        Place("a", "\n" + Place("lost", Place("b", Place("c")))) + Place("gone")));
   const auto content = Content(u"/P/A-B");
   ASSERT_EQ(content.Objects().size(), 3u);
   EXPECT_EQ(content.Objects()[1].parent, 0) << "what lay below it lies below the one above it";
   EXPECT_EQ(content.Objects()[2].parent, 1);
   ASSERT_EQ(loaded[0].warnings.size(), 2u);
   const Text line = ToText(static_cast<long long>(std::ranges::count(std::string_view(kTypes), '\n')) + 2);
-  EXPECT_EQ(loaded[0].warnings[0],
-            folder.File(u"x.reqif") + u"(" + line +
-                u"): the hierarchy refers to the object \"lost\", which the file does not hold; it is left out");
+  EXPECT_EQ(
+      loaded[0].warnings[0],
+      folder.File(u"x.reqif") + u"(" + line +
+          u"): the hierarchy refers to the object \"lost\", which the file does not hold; it is left out");
 }
 
 /// Square time would show as minutes.

@@ -50,7 +50,8 @@ const FaultCase kFaults[] = {
     {u"OleAutoObj a = oleCreateAutoObject(\"MSXML2.DOMDocument\")\nOleAutoObj b = a\n"
      u"oleCloseAutoObject(a)\nstring s\noleGet(b, \"xml\", s)",
      "the automation object is closed"},
-    {u"Module n\nfor n in database do close(n, false)", "<Line:3> modules cannot be opened or closed inside a loop"},
+    {u"Module n\nfor n in database do close(n, false)",
+     "<Line:3> modules cannot be opened or closed inside a loop"},
     {u"Item it\nfor it in folder \"/Demo/Specs\" do m = read(\"/Inner/Deep\", false)", "inside a loop"},
     {u"Object o\nfor o in top m do close(m, false)", "<Line:3> the module was closed inside the loop"},
     {u"AttrDef ad\nfor ad in m do close(m, false)", "<Line:3> the module was closed inside the loop"},

@@ -32,22 +32,22 @@ const std::string kGoodSpecification =
 
 INSTANTIATE_TEST_SUITE_P(
     Files, BadReqif,
-    ::testing::Values(
-        BadFile{"Empty", "", "bad.reqif"}, BadFile{"NoXml", "Dear reader", "(1): "},
-        BadFile{"AnotherXml", "<?xml version='1.0'?>\n\n<html/>",
-                "(3): the root element is html, not REQ-IF"},
-        BadFile{"Truncated", Document(kGoodSpecification).substr(0, 190), "(3): "},
-        BadFile{"BrokenAfterAModule", Document(kGoodSpecification + "\n</WRONG>"), "(4): "},
-        BadFile{"Entities",
-                "<!DOCTYPE REQ-IF [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;'>]>\n" + Document("&b;"),
-                "a document type definition is not accepted"},
-        BadFile{"ExternalDtd", "<!DOCTYPE REQ-IF SYSTEM 'file:///etc/passwd'>\n" + Document(""),
-                "a document type definition is not accepted"},
-        BadFile{"SameIdentifierTwice",
-                Document("<SPEC-OBJECTS>\n<SPEC-OBJECT IDENTIFIER='o'/>\n<SPEC-OBJECT "
-                         "IDENTIFIER='o'/></SPEC-OBJECTS>"),
-                "(5): two objects have the same identifier"},
-        BadFile{"DamagedArchive", "PK\x03\x04 and nothing more", "the archive cannot be read"}),
+    ::testing::Values(BadFile{"Empty", "", "bad.reqif"}, BadFile{"NoXml", "Dear reader", "(1): "},
+                      BadFile{"AnotherXml", "<?xml version='1.0'?>\n\n<html/>",
+                              "(3): the root element is html, not REQ-IF"},
+                      BadFile{"Truncated", Document(kGoodSpecification).substr(0, 190), "(3): "},
+                      BadFile{"BrokenAfterAModule", Document(kGoodSpecification + "\n</WRONG>"), "(4): "},
+                      BadFile{"Entities",
+                              "<!DOCTYPE REQ-IF [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;'>]>\n" +
+                                  Document("&b;"),
+                              "a document type definition is not accepted"},
+                      BadFile{"ExternalDtd", "<!DOCTYPE REQ-IF SYSTEM 'file:///etc/passwd'>\n" + Document(""),
+                              "a document type definition is not accepted"},
+                      BadFile{"SameIdentifierTwice",
+                              Document("<SPEC-OBJECTS>\n<SPEC-OBJECT IDENTIFIER='o'/>\n<SPEC-OBJECT "
+                                       "IDENTIFIER='o'/></SPEC-OBJECTS>"),
+                              "(5): two objects have the same identifier"},
+                      BadFile{"DamagedArchive", "PK\x03\x04 and nothing more", "the archive cannot be read"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(DoorsDatabaseTest, ArchiveWithACutMemberIsRefused) {

@@ -91,7 +91,8 @@ TEST(HostileScriptThatRuns, StaysBelowItsMemoryLimit) {
 /// Memory that a script lets go is there again, and its own limit holds in the next run.
 TEST(HostileScriptThatRuns, MayUseItsMemoryAgain) {
   const Outcome outcome = RunScript(
-      "string s = \"\"\nint i\nint n\nfor (n = 0; n < 200; n++) {\ns = \"\"\nfor i in 0:999 do s = s \"0123456789\"\n}\n"
+      "string s = \"\"\nint i\nint n\nfor (n = 0; n < 200; n++) {\ns = \"\"\nfor i in 0:999 do s = s "
+      "\"0123456789\"\n}\n"
       "print length(s)",
       1'000'000);
   EXPECT_EQ(outcome.runtime_error, "");
@@ -100,7 +101,8 @@ TEST(HostileScriptThatRuns, MayUseItsMemoryAgain) {
 
 /// Few statements with much work in each: what is worked through counts.
 TEST(HostileScriptThatRuns, RunsOutOfCyclesByWorkToo) {
-  const std::string long_text = "string s = \"x\"\nint i\nfor i in 1:20 do s = s s\n";  // a million characters
+  const std::string long_text =
+      "string s = \"x\"\nint i\nfor i in 1:20 do s = s s\n";  // a million characters
   for (const char* turn : {"string t = s \"x\"", "bool b = (s \"\") == s", "string t = upper(s)",
                            "bool b = matches(\"(y|z)*a\", s)", "Buffer b = create\nb = s", "int a[1000000]",
                            "string t = s[1:]", "int n = cistrcmp(s, s)", "oleSetResult(s)"}) {
@@ -108,15 +110,18 @@ TEST(HostileScriptThatRuns, RunsOutOfCyclesByWorkToo) {
     EXPECT_NE(outcome.runtime_error.find("execution time limit reached"), std::string::npos)
         << turn << outcome.runtime_error;
   }
-  const Outcome appended = RunScript("string s = \"\"\nint i\nfor (i = 0; i < 240000; i++) s = s \"x\"\nprint length(s)");
-  EXPECT_EQ(appended.printed, "240000\n") << "a text that grows piece by piece takes time in proportion to its length";
+  const Outcome appended =
+      RunScript("string s = \"\"\nint i\nfor (i = 0; i < 240000; i++) s = s \"x\"\nprint length(s)");
+  EXPECT_EQ(appended.printed, "240000\n")
+      << "a text that grows piece by piece takes time in proportion to its length";
 }
 
 TEST(HostileScriptThatRuns, MayNestSkipsToAnyDepth) {
-  EXPECT_EQ(RunScript("Skip s = create\nSkip r\nint i\nfor (i = 0; i < 190000; i++) {\nr = create\nput(r, 1, s)\n"
-                      "s = r\n}\ns = create\nprint \"let go\"")
-                .printed,
-            "let go");
+  EXPECT_EQ(
+      RunScript("Skip s = create\nSkip r\nint i\nfor (i = 0; i < 190000; i++) {\nr = create\nput(r, 1, s)\n"
+                "s = r\n}\ns = create\nprint \"let go\"")
+          .printed,
+      "let go");
 }
 
 }  // namespace

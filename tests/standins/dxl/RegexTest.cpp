@@ -1,5 +1,5 @@
-// What patterns match: the whole match and each group as "first-end", "x" for a group that took no part, ""
-// for none.
+// What patterns match: the whole match and each group as "first-end", "x" for a group that took no
+// part, "" for none.
 #include <gtest/gtest.h>
 
 #include "standins/dxl/Regex.h"

@@ -1,5 +1,5 @@
-// Runs every script in scripts/, and every example in the README, for what it says it does, and pieces of it, of which most are wrong: none may
-// do worse than fail.
+// Runs every script in scripts/, and every example in the README, for what it says it does, and pieces of it,
+// of which most are wrong: none may do worse than fail.
 #include <gtest/gtest.h>
 
 #include "ScriptRun.h"

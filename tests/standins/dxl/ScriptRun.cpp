@@ -90,8 +90,8 @@ void AddDefinitions(Library& library) {
   library.Add(u"string .dxl(AttrDef)", [](Call&) { return Value(u"return 1"); });
 }
 
-/// `module` gives a name or tells whether there is a module of that name; `current` is one module until it is
-/// set.
+/// `module` gives a name or tells whether there is a module of that name; `current` is one module
+/// until it is set.
 void AddModules(Library& library) {
   const auto current = std::make_shared<std::shared_ptr<TestModule>>(OneModule());
   library.Add(u"ModName_ module(string)",

@@ -1,5 +1,5 @@
-// Running scripts in tests: a library with a few DOORS-like handles, and a host that keeps what a script
-// prints.
+// Running scripts in tests: a library with a few DOORS-like handles, and a host that keeps
+// what a script prints.
 #pragma once
 
 #include "standins/dxl/Library.h"
