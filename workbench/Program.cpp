@@ -163,9 +163,9 @@ int RunWorkbench(const std::vector<std::string>& args, const Terminal& terminal)
   CommandLine command_line(terminal);
   try {
     command_line.Run(args);
-    command_line.ReportEnd("");
     terminal.out.flush();
     if (!terminal.out) throw CommandError(u"The output cannot be written.");
+    command_line.ReportEnd("");
     return 0;
   } catch (const CLI::ParseError& failure) {
     return command_line.Report(failure);
