@@ -24,8 +24,8 @@ class OrimDoors {
   void Orim_ShowHelp(const Text& MenuName, const Text& ItemName);
 
   std::int32_t Plexa_View(const orim::Repository& Repository, const Text& PackageGuid, const Text& CodeID);
-  /// Links a package to a module that the user picks: -1, or 0 when the package is locked or the user gives
-  /// up.
+  /// Links a package to a module that the user picks: -1, or 0 when the package is
+  /// locked or the user gives up.
   std::int32_t Plexa_Connect(const orim::Repository& Repository, std::int32_t PackageID,
                              const Text& PackageGuid);
   Variant Plexa_GetConnectedPackages(const orim::Repository& Repository);

@@ -14,8 +14,8 @@ class Doors {
   /// DOORS' automation object "Doors.Application"; nothing until EnsureDoors has succeeded.
   Object DoorsApp;
 
-  /// Gets DOORS' automation object afresh, waiting with the user until DOORS is ready; false when the user
-  /// gives up.
+  /// Gets DOORS' automation object afresh, waiting with the user until DOORS is ready;
+  /// false when the user gives up.
   bool EnsureDoors();
 
   /// Runs the DXL script of that id and returns its answer. `parameters` are put into DOORS' one result slot
@@ -31,8 +31,8 @@ class Doors {
   const Platform& platform_;
 };
 
-/// The fields of a script's parameters as one text, "~" between them. Throws AutomationError for a field that
-/// holds one.
+/// The fields of a script's parameters as one text, "~" between them. Throws AutomationError
+/// for a field that holds one.
 Text JoinFields(const std::vector<Text>& fields);
 
 /// The parameters of the export script. An empty view means the whole module.

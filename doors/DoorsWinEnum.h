@@ -1,5 +1,5 @@
-// What DOORS' top-level window tells of the state that DOORS is in, seen from outside and without talking to
-// it.
+// What DOORS' top-level window tells of the state that DOORS is in, seen from outside
+// and without talking to it.
 #pragma once
 
 #include "platform/Desktop.h"

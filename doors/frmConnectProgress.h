@@ -13,8 +13,8 @@ class frmConnectProgress : public Form {
 
   TextView ClassName() const override { return u"frmConnectProgress"; }
 
-  /// DOORS' automation object, at once when DOORS is ready, else after the dialog; nothing when the user
-  /// cancels it.
+  /// DOORS' automation object, at once when DOORS is ready, else after the dialog; nothing
+  /// when the user cancels it.
   Object GetDoors();
 
   /// The state that DOORS is in; `window` becomes the window that told it, 0 when DOORS has none.

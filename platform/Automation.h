@@ -85,8 +85,8 @@ class Object {
   std::shared_ptr<Dispatch> peer_;
 };
 
-/// A value as automation passes it: empty, Boolean, 32-bit whole number, double, text, object, array of
-/// texts.
+/// A value as automation passes it: empty, Boolean, 32-bit whole number, double, text,
+/// object, array of texts.
 class Variant {
  public:
   Variant() = default;

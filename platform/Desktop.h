@@ -1,5 +1,5 @@
 // Everything that an add-in asks of the user's desktop: dialogs, windows, clipboard, help, foreground.
-// platform/win32/ asks the system; platform/headless/ has desktops that nobody looks at.
+// platform/windows/ asks the system; the stand-ins have desktops that nobody looks at.
 #pragma once
 
 #include <cstdint>
@@ -31,8 +31,8 @@ class Desktop {
  public:
   virtual ~Desktop() = default;
 
-  /// Loads and shows `form`; returns when it has been closed. What a handler throws ends the dialog and is
-  /// thrown on.
+  /// Loads and shows `form`; returns when it has been closed. What a handler throws ends the
+  /// dialog and is thrown on.
   virtual void ShowModal(Form& form) = 0;
   /// Shows a message box and waits for its button.
   virtual Answer Show(const Message& message) = 0;

@@ -1,5 +1,5 @@
-// Files and folders by their text paths. Every failure is an AutomationError error::kFileFailure that names
-// the path.
+// Files and folders by their text paths. Every failure is an AutomationError
+// error::kFileFailure that names the path.
 #pragma once
 
 #include <filesystem>

@@ -10,8 +10,8 @@ namespace kestrune {
 class Folders {
  public:
   virtual ~Folders() = default;
-  /// The user's roaming application-data folder, created if need be; nothing when the platform cannot name
-  /// it.
+  /// The user's roaming application-data folder, created if need be; nothing when the
+  /// platform cannot name it.
   virtual std::optional<Text> RoamingAppData() const = 0;
   /// The user's folder for temporary files, ending in a separator.
   virtual Text Temp() const = 0;

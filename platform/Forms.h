@@ -24,8 +24,8 @@ class FormPeer {
   virtual void PopUp(Menu& menu, Control& below) = 0;
 };
 
-/// A modal dialog. Life: Load (before it is seen), shown until Close, then its members are read by whoever
-/// showed it.
+/// A modal dialog. Life: Load (before it is seen), shown until Close, then its members are
+/// read by whoever showed it.
 class Form {
  public:
   Form(const Form&) = delete;

@@ -29,8 +29,8 @@ bool IsAscii(View text) {
   return seen < 0x80;
 }
 
-/// Nearly no text has a line feed, and bytes are searched much faster than units: where no byte is one, no
-/// unit is.
+/// Nearly no text has a line feed, and bytes are searched much faster than units: where no
+/// byte is one, no unit is.
 bool HasLineFeed(TextView text) {
   return std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) && text.find(u'\n') != TextView::npos;
 }

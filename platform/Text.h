@@ -28,8 +28,8 @@ TextView Trim(TextView text);
 /// The pieces between the occurrences of `separator`; one piece, maybe empty, when there is none.
 std::vector<Text> Split(TextView text, TextView separator);
 
-/// Upper or lower case of the ASCII letters; every other character stays. For names of columns, files,
-/// options.
+/// Upper or lower case of the ASCII letters; every other character stays. For names
+/// of columns, files, options.
 Text AsciiUpper(TextView text);
 Text AsciiLower(TextView text);
 

@@ -10,8 +10,8 @@
 
 namespace kestrune {
 
-/// What the parser says of a document that it could not read. Code 0: there was nothing to parse (no such
-/// file).
+/// What the parser says of a document that it could not read. Code 0: there was nothing
+/// to parse (no such file).
 struct XmlParseError {
   int Code = 0;
   Text Reason;

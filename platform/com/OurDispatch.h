@@ -8,10 +8,10 @@
 
 namespace kestrune {
 
-/// Any name gets an id, since our objects tell only when they are used what members they have; a member that
-/// is not there is refused then. A use that may be a call or a reading is taken for a call if the object
-/// knows the call. Failures leave as an exception with number, source and description. Arguments are taken by
-/// value.
+/// Any name gets an id, since our objects tell only when they are used what members they have; a
+/// member that is not there is refused then. A use that may be a call or a reading is taken for a call
+/// if the object knows the call. Failures leave as an exception with number, source and description.
+/// Arguments are taken by value.
 ComPtr<IDispatch> MakeOurDispatch(std::shared_ptr<Dispatch> object);
 
 }  // namespace kestrune

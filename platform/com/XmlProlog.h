@@ -1,14 +1,14 @@
-// What stands before the root element of an XML document, looked at before a parser is let loose on it: not
-// every version of MSXML refuses a document type definition, and by the time it has read one the entities are
-// expanded.
+// What stands before the root element of an XML document, looked at before a parser is let loose on
+// it: not every version of MSXML refuses a document type definition, and by the time it has read one
+// the entities are expanded.
 #pragma once
 
 #include <string_view>
 
 namespace kestrune {
 
-/// `Unit` is a byte or a UTF-16 unit. Zeros are passed over, so that the bytes of UTF-16 read like those of
-/// UTF-8.
+/// `Unit` is a byte or a UTF-16 unit. Zeros are passed over, so that the bytes of UTF-16
+/// read like those of UTF-8.
 template <typename Unit>
 class XmlProlog {
  public:

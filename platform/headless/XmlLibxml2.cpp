@@ -85,8 +85,8 @@ int ReadChunk(void* file, char* buffer, int size) {
   return std::ferror(stream) ? -1 : static_cast<int>(count);
 }
 
-/// Hands on a text as UTF-8, piece by piece: a query's answer may be so large that a second copy would be
-/// felt.
+/// Hands on a text as UTF-8, piece by piece: a query's answer may be so large that a
+/// second copy would be felt.
 int ReadFromText(void* unread, char* buffer, int size) {
   auto& rest = *static_cast<TextView*>(unread);
   TextView piece = rest.substr(0, static_cast<std::size_t>(size) / kUtf8PerUnit);

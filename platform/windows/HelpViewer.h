@@ -1,5 +1,5 @@
-// The system's viewer of compiled help files. Its library is loaded with the first topic: there are machines
-// without it.
+// The system's viewer of compiled help files. Its library is loaded with the first topic: there
+// are machines without it.
 #pragma once
 
 #include <windows.h>

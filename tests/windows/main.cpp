@@ -3,8 +3,8 @@
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
-  GetDesktopWindow();  // before a second thread makes the first call of this kind, which may then wait for
-                       // ever
+  // Wine: where a second thread makes the first call of this kind, it may wait for ever.
+  GetDesktopWindow();
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 2;
   const int failed = RUN_ALL_TESTS();
   CoUninitialize();

@@ -12,8 +12,8 @@ namespace kestrune::standins {
 /// Belongs to the thread that made it, in a single-threaded apartment.
 class DoorsProgram {
  public:
-  /// What scripts print and what is wrong with them is appended to the file `log`, unless that is "". Throws
-  /// AutomationError.
+  /// What scripts print and what is wrong with them is appended to the file `log`, unless that
+  /// is "". Throws AutomationError.
   DoorsProgram(const Text& database, Text log, DoorsPhase state);
   DoorsProgram(const DoorsProgram&) = delete;
   DoorsProgram& operator=(const DoorsProgram&) = delete;

@@ -5,8 +5,8 @@
 
 namespace kestrune::standins {
 
-/// The same COM object; what its methods are given through this, they may write to. What they write is
-/// dropped.
+/// The same COM object; what its methods are given through this, they may write to.
+/// What they write is dropped.
 Object ByReference(const Object& far_object);
 
 }  // namespace kestrune::standins

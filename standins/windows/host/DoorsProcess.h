@@ -14,8 +14,7 @@ class DoorsProcess : public Colleagues {
   struct Settings {
     Text database;
     Text program;    // kestrune-doors.exe; "" for the one beside this program
-    Text workbench;  // kestrune-workbench, a program of the system below Wine, which alone can Load; "" for
-                     // none
+    Text workbench;  // kestrune-workbench, a program below Wine, which alone can Load; "" for none
     Text log;        // what scripts print; "" for none
   };
   /// Registers the program as "Doors.Application" for this machine, with this database. Throws

@@ -1,7 +1,7 @@
-// Plays a script on the screen: a user on a thread of their own, who uses every dialog and answers every box
-// that the thread of the windows shows meanwhile. Scripts mean there what they mean on forms without a
-// screen: a statement is over when all that it has opened has closed, and time passes only where the script
-// lets it.
+// Plays a script on the screen: a user on a thread of their own, who uses every dialog and answers
+// every box that the thread of the windows shows meanwhile. Scripts mean there what they mean on
+// forms without a screen: a statement is over when all that it has opened has closed, and time passes
+// only where the script lets it.
 #pragma once
 
 #include <chrono>

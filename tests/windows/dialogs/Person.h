@@ -1,6 +1,6 @@
-// A person at the screen, on a thread of their own: while the thread under test shows a dialog, they use
-// mouse and keyboard on it. A dialog that does not do what is waited for ends the whole program, with its
-// name.
+// A person at the screen, on a thread of their own: while the thread under test shows a dialog,
+// they use mouse and keyboard on it. A dialog that does not do what is waited for ends the
+// whole program, with its name.
 #pragma once
 
 #include <functional>
@@ -33,8 +33,8 @@ class Screen {
   void AwaitEnabled(int id) const;
   void AwaitClosed() const;
 
-  /// The left mouse button, once or twice, in the middle of a control, at a line of a list box, at a row of a
-  /// list view.
+  /// The left mouse button, once or twice, in the middle of a control, at a line of a list box,
+  /// at a row of a list view.
   void Click(int id, int times = 1) const;
   void ClickLine(int list_id, int line, int times = 1) const;
   void ClickRow(int list_view_id, int row, int times = 1) const;
