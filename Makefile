@@ -62,7 +62,7 @@ format-check: setup-checks
 # The rooms that clang-tidy 14 can read: it knows no aggregates made by make_shared, which the stand-ins use, and no
 # headers of Windows.
 tidied = $(shell git ls-files $(foreach room,platform orim common doors options documents import addin standins/stage \
-  workbench,'$(room)/*.cpp') | grep -v -e /win32/ -e /com/)
+  workbench,'$(room)/*.cpp') | grep -v -e /windows/ -e /com/)
 
 tidy: setup setup-checks
 	cmake --preset tidy

@@ -10,13 +10,11 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) {
   if (!out) return E_POINTER;
   *out = nullptr;
   if (outer) return CLASS_E_NOAGGREGATION;
-  try {
+  return Guarded([&] {
     ComPtr<ComOrimDoors> object;
     *object.Out() = new ComOrimDoors;
     return object->QueryInterface(iid, out);
-  } catch (...) {
-    return LeaveErrorInfo(CurrentFailure());
-  }
+  });
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) {

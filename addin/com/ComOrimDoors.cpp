@@ -1,23 +1,21 @@
 #include "addin/com/ComOrimDoors.h"
 
-#include "addin/com/TypeLibrary.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
 #include "platform/com/Failure.h"
+#include "platform/windows/Module.h"
 
 namespace kestrune {
 
 namespace {
 
-/// Runs `work`, which no exception leaves but as the number that COM knows it by.
-template <typename Work>
-HRESULT Guarded(Work work) {
-  try {
-    work();
-    return S_OK;
-  } catch (...) {
-    return LeaveErrorInfo(CurrentFailure());
-  }
+/// The description of the interface in the type library that Kestrune.dll carries.
+ComPtr<ITypeInfo> DescriptionOf(REFIID iid) {
+  ComPtr<ITypeLib> library;
+  Require(LoadTypeLibEx(Wide(ThisModulePath()), REGKIND_NONE, library.Out()));
+  ComPtr<ITypeInfo> info;
+  Require(library->GetTypeInfoOfGuid(iid, info.Out()));
+  return info;
 }
 
 orim::Repository RepositoryAt(IDispatch** repository) {
@@ -49,7 +47,19 @@ template <typename Result, typename Work>
 HRESULT Answered(Result* place, Work work) {
   if (!place) return E_POINTER;
   *place = Result();
-  return Guarded([&] { PutTo(place, work()); });
+  return Guarded([&] {
+    PutTo(place, work());
+    return S_OK;
+  });
+}
+
+/// Runs `work`, which answers nothing.
+template <typename Work>
+HRESULT Done(Work work) {
+  return Guarded([&] {
+    work();
+    return S_OK;
+  });
 }
 
 /// The arguments of a late-bound call, all by value. What script hosts pass, references to variables of any
@@ -79,7 +89,7 @@ HRESULT ComOrimDoors::Orim_Connect(IDispatch** Repository, BSTR* Result) {
 }
 
 HRESULT ComOrimDoors::Orim_Disconnect() {
-  return Guarded([&] { add_in_.Orim_Disconnect(); });
+  return Done([&] { add_in_.Orim_Disconnect(); });
 }
 
 HRESULT ComOrimDoors::Orim_OnPostInitialized(IDispatch** Repository, VARIANT* Result) {
@@ -94,12 +104,11 @@ HRESULT ComOrimDoors::Orim_GetMenuItems(IDispatch** Repository, BSTR* MenuLocati
 }
 
 HRESULT ComOrimDoors::Orim_MenuClick(IDispatch** Repository, BSTR MenuName, BSTR ItemName) {
-  return Guarded(
-      [&] { add_in_.Orim_MenuClick(RepositoryAt(Repository), TextOf(MenuName), TextOf(ItemName)); });
+  return Done([&] { add_in_.Orim_MenuClick(RepositoryAt(Repository), TextOf(MenuName), TextOf(ItemName)); });
 }
 
 HRESULT ComOrimDoors::Orim_ShowHelp(BSTR MenuName, BSTR ItemName) {
-  return Guarded([&] { add_in_.Orim_ShowHelp(TextOf(MenuName), TextOf(ItemName)); });
+  return Done([&] { add_in_.Orim_ShowHelp(TextOf(MenuName), TextOf(ItemName)); });
 }
 
 HRESULT ComOrimDoors::Plexa_View(IDispatch** Repository, BSTR* PackageGuid, BSTR* CodeID, long* Result) {
@@ -132,7 +141,7 @@ HRESULT ComOrimDoors::Plexa_Disconnect(IDispatch** Repository, BSTR* PackageGuid
 }
 
 const ComPtr<ITypeInfo>& ComOrimDoors::Description() {
-  if (!description_) description_ = OwnTypeInfo(__uuidof(_OrimDoors));
+  if (!description_) description_ = DescriptionOf(__uuidof(_OrimDoors));
   return description_;
 }
 
@@ -146,25 +155,21 @@ HRESULT ComOrimDoors::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
   if (!info) return E_POINTER;
   *info = nullptr;
   if (index != 0) return DISP_E_BADINDEX;
-  return Guarded([&] { *info = ComPtr<ITypeInfo>(Description()).Release(); });
+  return Done([&] { *info = ComPtr<ITypeInfo>(Description()).Release(); });
 }
 
 HRESULT ComOrimDoors::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  HRESULT result = S_OK;
-  const HRESULT guarded = Guarded([&] { result = Description()->GetIDsOfNames(names, count, ids); });
-  return FAILED(guarded) ? guarded : result;
+  return Guarded([&] { return Description()->GetIDsOfNames(names, count, ids); });
 }
 
 HRESULT ComOrimDoors::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                              EXCEPINFO* info, UINT* wrong_argument) {
   if (!params) return E_INVALIDARG;
-  HRESULT result = S_OK;
-  const HRESULT guarded = Guarded([&] {
+  return Guarded([&] {
     Values values(*params);
-    result = Description()->Invoke(static_cast<_OrimDoors*>(this), id, flags, values.Params(), answer, info,
-                                   wrong_argument);
+    return Description()->Invoke(static_cast<_OrimDoors*>(this), id, flags, values.Params(), answer, info,
+                                 wrong_argument);
   });
-  return FAILED(guarded) ? guarded : result;
 }
 
 HRESULT ComOrimDoors::InterfaceSupportsErrorInfo(REFIID iid) {

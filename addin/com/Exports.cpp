@@ -14,12 +14,10 @@ using kestrune::Audience;
 namespace {
 
 HRESULT Reported(void (*change)(Audience), Audience audience) {
-  try {
+  return kestrune::Guarded([=] {
     change(audience);
     return S_OK;
-  } catch (...) {
-    return kestrune::LeaveErrorInfo(kestrune::CurrentFailure());
-  }
+  });
 }
 
 /// Whom the text after "/i:" means; the user alone when there is none.

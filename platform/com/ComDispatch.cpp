@@ -2,6 +2,7 @@
 
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
+#include "platform/com/Failure.h"
 
 namespace kestrune {
 
@@ -33,11 +34,6 @@ struct ExceptionInfo : EXCEPINFO {
     SysFreeString(bstrHelpFile);
   }
 };
-
-[[noreturn]] void ThrowPlain(HRESULT result, TextView member) {
-  throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune",
-                        SystemMessage(result).append(u" (").append(member).append(u")"));
-}
 
 [[noreturn]] void ThrowRaised(ExceptionInfo& raised) {
   if (raised.pfnDeferredFillIn) raised.pfnDeferredFillIn(&raised);
@@ -83,7 +79,7 @@ Variant ComDispatch::Invoke(Access access, TextView member, Args args) {
       far_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, FlagsOf(access), &params,
                    access == Access::kPut ? nullptr : answer.Out(), &raised, &wrong_argument);
   if (result == DISP_E_EXCEPTION) ThrowRaised(raised);
-  if (FAILED(result)) ThrowPlain(result, member);
+  Require(result, member);
   return FromComVariant(answer.Get());
 }
 
@@ -93,8 +89,7 @@ DISPID ComDispatch::IdOf(TextView member) {
   Text name(member);
   auto* names = reinterpret_cast<wchar_t*>(name.data());
   DISPID id = DISPID_UNKNOWN;
-  const HRESULT result = far_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
-  if (FAILED(result)) ThrowPlain(result, member);
+  Require(far_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id), member);
   return ids_.emplace(member, id).first->second;
 }
 

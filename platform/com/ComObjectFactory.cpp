@@ -2,18 +2,9 @@
 
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
+#include "platform/com/Failure.h"
 
 namespace kestrune {
-
-namespace {
-
-void Require(HRESULT result, TextView prog_id) {
-  if (SUCCEEDED(result)) return;
-  throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune",
-                        SystemMessage(result).append(u" (").append(prog_id).append(u")"));
-}
-
-}  // namespace
 
 Object ComObjectFactory::Create(TextView prog_id) {
   CLSID class_id;

@@ -1,15 +1,12 @@
 #include "platform/com/ComText.h"
 
-#include <memory>
 #include <new>
+
+#include "platform/com/Owned.h"
 
 namespace kestrune {
 
 namespace {
-
-struct LocalFreer {
-  void operator()(wchar_t* text) const { LocalFree(text); }
-};
 
 Text HexNumber(HRESULT result) {
   Text digits;
@@ -47,7 +44,7 @@ Text SystemMessage(HRESULT result) {
   const DWORD length = FormatMessageW(
       FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
       static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&message), 0, nullptr);
-  const std::unique_ptr<wchar_t, LocalFreer> owned(message);
+  const OwnedLocalText owned(message);
   const TextView text = Trim(FromWide({message, length}));
   return text.empty() ? u"Automation error " + HexNumber(result) : Text(text);
 }

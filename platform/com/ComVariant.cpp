@@ -2,25 +2,20 @@
 
 #include <cmath>
 #include <limits>
-#include <memory>
 #include <new>
 
 #include "platform/com/ComDispatch.h"
 #include "platform/com/ComText.h"
 #include "platform/com/Failure.h"
 #include "platform/com/OurDispatch.h"
+#include "platform/com/Owned.h"
 
 namespace kestrune {
 
 namespace {
 
-struct SafeArrayFreer {
-  void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
-};
-
 SAFEARRAY* ToSafeArray(const std::vector<Text>& texts) {
-  std::unique_ptr<SAFEARRAY, SafeArrayFreer> array(
-      SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size())));
+  OwnedArray array(SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size())));
   if (!array) throw std::bad_alloc();
   for (LONG i = 0; i < static_cast<LONG>(texts.size()); ++i)
     Require(SafeArrayPutElement(array.get(), &i, Bstr(texts[static_cast<std::size_t>(i)]).Get()));

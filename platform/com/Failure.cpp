@@ -10,11 +10,21 @@ namespace {
 constexpr std::uint32_t kOutOfMemory = 0x8007000E;
 constexpr std::uint32_t kUnexpected = 0x8000FFFF;
 
+[[noreturn]] void Throw(HRESULT result, TextView about) {
+  Text description = SystemMessage(result);
+  if (!about.empty()) description.append(u" (").append(about).append(u")");
+  throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune", description);
+}
+
 }  // namespace
 
-void Require(HRESULT result) {
-  if (FAILED(result))
-    throw AutomationError(static_cast<std::uint32_t>(result), u"Kestrune", SystemMessage(result));
+void Require(HRESULT result, TextView about) {
+  if (FAILED(result)) Throw(result, about);
+}
+
+void ThrowLastError() {
+  const DWORD error = GetLastError();
+  Throw(error ? HRESULT_FROM_WIN32(error) : E_FAIL, {});
 }
 
 AutomationError CurrentFailure() {

@@ -39,13 +39,11 @@ Args ArgumentsOf(const DISPPARAMS& params) {
 }
 
 HRESULT OurDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  try {
+  return Guarded([&] {
     std::fill_n(ids, count, DISPID_UNKNOWN);
     ids[0] = IdOf(FromWide(names[0]));
     return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;  // the others name arguments
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
-  }
+  });
 }
 
 DISPID OurDispatch::IdOf(TextView name) {
@@ -60,14 +58,13 @@ HRESULT OurDispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* par
   if (id < 1 || static_cast<std::size_t>(id) > names_.size()) return DISP_E_MEMBERNOTFOUND;
   const bool is_put = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
   if (params->cNamedArgs > (is_put ? 1 : 0)) return DISP_E_NONAMEDARGS;
-  const Text member = names_[static_cast<std::size_t>(id) - 1];
-  try {
+  const auto use = [&] {
+    const Text member = names_[static_cast<std::size_t>(id) - 1];  // a copy: calls may come meanwhile
     ComVariant used(Use(member, flags, ArgumentsOf(*params)));
     if (answer) *answer = used.Release();
     return S_OK;
-  } catch (...) {
-    return FillIn(info, CurrentFailure());
-  }
+  };
+  return Guarded(use, [&](const AutomationError& failure) { return FillIn(info, failure); });
 }
 
 Variant OurDispatch::Use(const Text& member, WORD flags, Args args) const {

@@ -4,7 +4,9 @@
 #include "platform/Files.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
+#include "platform/com/Failure.h"
 #include "platform/com/Msxml.h"
+#include "platform/com/Owned.h"
 #include "platform/com/XmlProlog.h"
 
 namespace kestrune {
@@ -18,13 +20,8 @@ IXMLDOMNode* NodeOf(const std::shared_ptr<void>& node) {
 }
 std::shared_ptr<void> HandleOf(ComPtr<IXMLDOMNode> node) {
   if (!node) return nullptr;
-  return {node.Release(), [](IXMLDOMNode* owned) { owned->Release(); }};
-}
-
-void Require(HRESULT result) {
-  if (FAILED(result)) {
-    throw AutomationError(static_cast<std::uint32_t>(result), u"XmlDocument", SystemMessage(result));
-  }
+  auto owner = std::make_shared<ComPtr<IXMLDOMNode>>(std::move(node));
+  return {owner, owner->Get()};
 }
 
 using Step = HRESULT (STDMETHODCALLTYPE IXMLDOMNode::*)(IXMLDOMNode**);
@@ -77,17 +74,18 @@ ComPtr<IXMLDOMNode> AppendTo(IXMLDOMNode* parent, IXMLDOMDocument* document, Tex
   return appended;
 }
 
-/// The bytes as an array of VT_UI1, in an owner.
+/// The bytes as an array of VT_UI1.
 ComVariant ByteArray(std::string_view bytes) {
-  ComVariant array;
-  array.Out()->parray = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
-  if (!array.Get().parray) throw std::bad_alloc();
-  array.Out()->vt = VT_ARRAY | VT_UI1;
+  OwnedArray array(SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size())));
+  if (!array) throw std::bad_alloc();
   void* data = nullptr;
-  Require(SafeArrayAccessData(array.Get().parray, &data));
+  Require(SafeArrayAccessData(array.get(), &data));
+  const Owned<SAFEARRAY*, SafeArrayUnaccessData> accessed(array.get());
   std::copy(bytes.begin(), bytes.end(), static_cast<char*>(data));
-  SafeArrayUnaccessData(array.Get().parray);
-  return array;
+  ComVariant value;
+  value.Out()->vt = VT_ARRAY | VT_UI1;
+  value.Out()->parray = array.release();
+  return value;
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 #include "platform/windows/Clipboard.h"
 
-#include "platform/Automation.h"
 #include "platform/com/ComText.h"
+#include "platform/com/Failure.h"
+#include "platform/com/Owned.h"
 
 namespace kestrune {
 
@@ -9,11 +10,6 @@ namespace {
 
 constexpr int kTries = 20;
 constexpr DWORD kPause = 25;  // milliseconds
-
-[[noreturn]] void ThrowLastError() {
-  const HRESULT result = HRESULT_FROM_WIN32(GetLastError());
-  throw AutomationError(static_cast<std::uint32_t>(result), u"Clipboard", SystemMessage(result));
-}
 
 /// The clipboard, open while this lives. Other programs hold it for moments.
 class OpenedClipboard {
@@ -29,30 +25,45 @@ class OpenedClipboard {
   OpenedClipboard& operator=(const OpenedClipboard&) = delete;
 };
 
+/// Movable memory, in its place while this lives.
+class LockedMemory {
+ public:
+  explicit LockedMemory(HGLOBAL memory) : memory_(memory), place_(memory ? GlobalLock(memory) : nullptr) {}
+  ~LockedMemory() {
+    if (place_) GlobalUnlock(memory_);
+  }
+  LockedMemory(const LockedMemory&) = delete;
+  LockedMemory& operator=(const LockedMemory&) = delete;
+  /// Null where there is no memory.
+  void* Place() const { return place_; }
+
+ private:
+  HGLOBAL memory_;
+  void* place_;
+};
+
 }  // namespace
 
 Text ReadClipboard(HWND owner) {
   const OpenedClipboard opened(owner);
   const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
-  const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
-  if (!text) return {};
-  Text copy(FromWide({text, wcsnlen(text, GlobalSize(memory) / sizeof *text)}));
-  GlobalUnlock(memory);
-  return copy;
+  const LockedMemory locked(memory);
+  const auto* text = static_cast<const wchar_t*>(locked.Place());
+  return text ? Text(FromWide({text, wcsnlen(text, GlobalSize(memory) / sizeof *text)})) : Text();
 }
 
 void WriteClipboard(HWND owner, const Text& text) {
   const OpenedClipboard opened(owner);
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof text[0]);
+  OwnedMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof text[0]));
   if (!memory) ThrowLastError();
-  auto* copy = static_cast<char16_t*>(GlobalLock(memory));
-  copy[text.copy(copy, text.size())] = 0;
-  GlobalUnlock(memory);
+  {
+    const LockedMemory locked(memory.get());
+    auto* copy = static_cast<char16_t*>(locked.Place());
+    copy[text.copy(copy, text.size())] = 0;
+  }
   EmptyClipboard();
-  // The system owns the memory from here on.
-  if (SetClipboardData(CF_UNICODETEXT, memory)) return;
-  GlobalFree(memory);
-  ThrowLastError();
+  if (!SetClipboardData(CF_UNICODETEXT, memory.get())) ThrowLastError();
+  memory.release();  // the system has it
 }
 
 }  // namespace kestrune

@@ -1,5 +1,7 @@
 #include "platform/windows/DialogLayout.h"
 
+#include <algorithm>
+
 #include "platform/windows/WindowText.h"
 
 namespace kestrune {
@@ -29,7 +31,31 @@ bool IsList(HWND window) {
   return name == u"ListBox" || name == u"SysListView32";
 }
 
+RECT WorkAreaAt(HWND window) {
+  MONITORINFO monitor = {.cbSize = sizeof monitor};
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+LONG Middle(LONG from, LONG to, LONG length, LONG screen_from, LONG screen_to) {
+  const LONG start = from + (to - from - length) / 2;
+  return std::max(std::min(start, screen_to - length), screen_from);
+}
+
 }  // namespace
+
+void PlaceOverOwner(HWND dialog) {
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  const bool is_seen = owner && IsWindowVisible(owner) && !IsIconic(owner);
+  const RECT screen = WorkAreaAt(is_seen ? owner : dialog);
+  RECT around = screen;
+  if (is_seen) GetWindowRect(owner, &around);
+  RECT size = {};
+  GetWindowRect(dialog, &size);
+  const LONG left = Middle(around.left, around.right, size.right - size.left, screen.left, screen.right);
+  const LONG top = Middle(around.top, around.bottom, size.bottom - size.top, screen.top, screen.bottom);
+  SetWindowPos(dialog, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
 
 DialogLayout::DialogLayout(HWND dialog) : dialog_(dialog), inside_(InsideOf(dialog)) {
   RECT frame = {};

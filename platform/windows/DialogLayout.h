@@ -1,5 +1,4 @@
-// How a sizable dialog spends the room that the user gives it: its lists grow; what stands beside and below
-// them moves along; what reaches as far to the right as they do grows in width.
+// Where a dialog stands when it opens, and how a sizable one spends the room that the user gives it.
 #pragma once
 
 #include <vector>
@@ -7,6 +6,12 @@
 
 namespace kestrune {
 
+/// Puts the dialog into the middle of its owner, or of the screen when it has none that can be seen; never
+/// beyond the screen.
+void PlaceOverOwner(HWND dialog);
+
+/// The lists of the dialog grow; what stands beside and below them moves along; what reaches as far to the
+/// right as they do grows in width.
 class DialogLayout {
  public:
   /// Remembers where the dialog's windows stand; the dialog cannot become smaller than it is now.

@@ -4,10 +4,7 @@
 #include <stdexcept>
 
 #include "platform/ResourceStore.h"
-#include "platform/windows/DialogLook.h"
 #include "platform/windows/Module.h"
-#include "platform/windows/PopUpMenu.h"
-#include "platform/windows/WindowPlace.h"
 #include "platform/windows/WindowText.h"
 
 namespace kestrune {
@@ -23,6 +20,22 @@ constexpr int kIcon = 101;
 
 bool IsReachable(HWND window) {
   return (GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE;
+}
+
+/// Opens the menu at the left edge and the bottom of the window `below`; the item that the user chooses, null
+/// when the menu is left.
+MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below) {
+  const OwnedMenu window(CreatePopupMenu());
+  UINT_PTR id = 0;
+  for (const MenuItem* item : menu.Items())
+    AppendMenuW(window.get(), item->Enabled() ? MF_STRING : MF_STRING | MF_GRAYED, ++id,
+                Wide(item->Caption()));
+  TPMPARAMS around = {.cbSize = sizeof around};
+  GetWindowRect(below, &around.rcExclude);
+  const int chosen = TrackPopupMenuEx(
+      window.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL,
+      around.rcExclude.left, around.rcExclude.bottom, dialog, &around);
+  return chosen > 0 ? menu.Items()[static_cast<std::size_t>(chosen) - 1] : nullptr;
 }
 
 }  // namespace

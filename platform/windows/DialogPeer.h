@@ -7,8 +7,8 @@
 
 #include "platform/Desktop.h"
 #include "platform/windows/ControlPeer.h"
-#include "platform/windows/DialogFonts.h"
 #include "platform/windows/DialogLayout.h"
+#include "platform/windows/DialogLook.h"
 
 namespace kestrune {
 

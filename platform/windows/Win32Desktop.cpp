@@ -1,20 +1,65 @@
 #include "platform/windows/Win32Desktop.h"
 
-#include "platform/Automation.h"
+#include "platform/Controls.h"
+#include "platform/com/Failure.h"
 #include "platform/windows/Clipboard.h"
-#include "platform/windows/InputBox.h"
-#include "platform/windows/MessageBoxes.h"
 #include "platform/windows/TopWindows.h"
 #include "platform/windows/WindowText.h"
 
 namespace kestrune {
+
+namespace {
+
+DWORD BoxStyleOf(const Message& message, HWND owner) {
+  static constexpr DWORD kIcons[] = {MB_ICONSTOP, MB_ICONEXCLAMATION, MB_ICONQUESTION, MB_ICONINFORMATION};
+  return kIcons[static_cast<int>(message.Icon)] | (message.Buttons == Buttons::kYesNo ? MB_YESNO : MB_OK) |
+         (message.HelpContext ? MB_HELP : 0) | (owner ? 0 : MB_TASKMODAL | MB_SETFOREGROUND);
+}
+
+/// A dialog that asks for one line of text.
+class frmInput : public Form {
+ public:
+  frmInput(const Text& title, const Text& prompt) {
+    SetCaption(title);
+    lblPrompt.SetCaption(prompt);
+    cmdOK.Click = [this] {
+      Entry = txtEntry.Value();
+      Close();
+    };
+    cmdCancel.Click = [this] { Close(); };
+  }
+
+  TextView ClassName() const override { return u"frmInput"; }
+
+  /// What the user has entered; nothing unless OK was pressed.
+  std::optional<Text> Entry;
+
+ private:
+  Label lblPrompt{this, u"lblPrompt"};
+  TextBox txtEntry{this, u"txtEntry"};
+  Button cmdOK{this, u"cmdOK"};
+  Button cmdCancel{this, u"cmdCancel"};
+};
+
+}  // namespace
 
 void Win32Desktop::ShowModal(Form& form) {
   DialogPeer(*this, session_, form).Run(Owner());
 }
 
 Answer Win32Desktop::Show(const Message& message) {
-  return ShowMessageBox(message, Owner());
+  const DialogLook look;
+  const HWND owner = Owner();
+  // A Help button asks the owner by WM_HELP with the message's topic.
+  const MSGBOXPARAMSW box = {.cbSize = sizeof box,
+                             .hwndOwner = owner,
+                             .lpszText = Wide(message.Body),
+                             .lpszCaption = Wide(message.Title),
+                             .dwStyle = BoxStyleOf(message, owner),
+                             .dwContextHelpId = static_cast<DWORD_PTR>(message.HelpContext)};
+  const int pressed = MessageBoxIndirectW(&box);
+  if (message.Buttons == Buttons::kOk) return Answer::kOk;
+  return pressed == IDYES ? Answer::kYes : Answer::kNo;
 }
 
 std::optional<Text> Win32Desktop::AskText(const Text& title, const Text& prompt) {
@@ -89,12 +134,10 @@ void Win32Desktop::StartCommand(const Text& command_line) {
   STARTUPINFOW start = {.cb = sizeof start, .dwFlags = STARTF_USESHOWWINDOW, .wShowWindow = SW_SHOWNORMAL};
   PROCESS_INFORMATION process = {};
   if (!CreateProcessW(nullptr, reinterpret_cast<wchar_t*>(line.data()), nullptr, nullptr, FALSE,
-                      DETACHED_PROCESS, nullptr, nullptr, &start, &process)) {
-    const HRESULT result = HRESULT_FROM_WIN32(GetLastError());
-    throw AutomationError(static_cast<std::uint32_t>(result), u"Desktop", SystemMessage(result));
-  }
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
+                      DETACHED_PROCESS, nullptr, nullptr, &start, &process))
+    ThrowLastError();
+  const OwnedHandle thread(process.hThread);
+  const OwnedHandle started(process.hProcess);
 }
 
 HWND Win32Desktop::Owner() const {

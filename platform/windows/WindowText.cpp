@@ -2,6 +2,32 @@
 
 namespace kestrune {
 
+namespace {
+
+/// A window's device context with the window's font in it.
+class WindowContext {
+ public:
+  explicit WindowContext(HWND window)
+      : window_(window), context_(GetDC(window)), previous_(SelectObject(context_, FontOf(window))) {}
+  ~WindowContext() {
+    SelectObject(context_, previous_);
+    ReleaseDC(window_, context_);
+  }
+  WindowContext(const WindowContext&) = delete;
+  WindowContext& operator=(const WindowContext&) = delete;
+  HDC Get() const { return context_; }
+
+ private:
+  static HGDIOBJ FontOf(HWND window) {
+    return reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0));
+  }
+  HWND window_;
+  HDC context_;
+  HGDIOBJ previous_;
+};
+
+}  // namespace
+
 Text WindowTextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
   const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
@@ -15,13 +41,9 @@ Text WindowClassOf(HWND window) {
 }
 
 int TextWidth(HWND window, const Text& text) {
-  const HDC context = GetDC(window);
-  const HGDIOBJ previous =
-      SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  const WindowContext context(window);
   SIZE size = {};
-  GetTextExtentPoint32W(context, Wide(text), static_cast<int>(text.size()), &size);
-  SelectObject(context, previous);
-  ReleaseDC(window, context);
+  GetTextExtentPoint32W(context.Get(), Wide(text), static_cast<int>(text.size()), &size);
   return size.cx;
 }
 
