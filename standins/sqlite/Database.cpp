@@ -81,7 +81,14 @@ TextView Statement::View(int column) const {
   return {static_cast<const char16_t*>(text), bytes / sizeof(char16_t)};
 }
 
+// SQLite takes a byte order mark at the front for its own and drops it: a text that begins with one is given another.
 void Statement::BindText(int index, TextView value) {
+  if (value.starts_with(u'\uFEFF') || value.starts_with(u'\uFFFE'))
+    return BindUnits(index, Text(u"\uFEFF").append(value));
+  BindUnits(index, value);
+}
+
+void Statement::BindUnits(int index, TextView value) {
   const char16_t* data = value.data() ? value.data() : u"";  // a null pointer would bind NULL
   Check(sqlite3_bind_text64(handle_, index, reinterpret_cast<const char*>(data),
                             value.size() * sizeof(char16_t), SQLITE_TRANSIENT, SQLITE_UTF16));

@@ -79,6 +79,7 @@ class Statement {
   Statement(sqlite3_stmt* handle, Idle* idle) : handle_(handle), idle_(idle) {}
 
   void BindText(int index, TextView value);
+  void BindUnits(int index, TextView value);
   void BindVariant(int index, const Variant& value);
   void Check(int result) const;
 

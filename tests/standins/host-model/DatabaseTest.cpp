@@ -16,7 +16,7 @@ class SqliteDatabase : public ::testing::Test {
 
 TEST_F(SqliteDatabase, ValuesComeBackAsTheyWereBound) {
   Statement insert = database.Prepare("INSERT INTO t (value) VALUES (?)");
-  const Text odd = Text(u"a\0\xD800\xDC00\xD800", 5);
+  const Text odd = u"\uFEFF\uFEFF" + Text(u"a\0\xD800\xDC00\xD800", 5);
   const Variant values[] = {odd, u"", 7, -1.5, true, Variant()};
   for (const Variant& value : values) {
     insert.Bind(value);
@@ -76,8 +76,10 @@ TEST(SqliteFile, IsNotWrittenWhenOpenedForReading) {
   const TempFolder folder;
   Database::Create(folder / u"d").Exec("CREATE TABLE t (id)");
   Database database = Database::OpenReadOnly(folder / u"d");
-  EXPECT_EQ(FailureOf([&] { database.Exec("INSERT INTO t VALUES (1)"); }),
-            "attempt to write a readonly database");
+  const std::string failure = FailureOf([&] { database.Exec("INSERT INTO t VALUES (1)"); });
+  EXPECT_TRUE(
+      failure.ends_with("d: the file cannot be written; make it and its folder writable, then try again"))
+      << failure;
 }
 
 }  // namespace
