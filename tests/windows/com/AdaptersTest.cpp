@@ -5,6 +5,7 @@
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
 #include "platform/com/Counted.h"
+#include "platform/com/Failure.h"
 #include "platform/com/OurDispatch.h"
 #include "standins/StandInObject.h"
 #include "tests/windows/com/LateCall.h"
@@ -179,6 +180,13 @@ TEST(FromComVariantTest, ArraysOfVariantsAreTextsAndOthersRefused) {
   numbers.Out()->vt = VT_ARRAY | VT_I4;
   EXPECT_THROW(FromComVariant(numbers.Get()), AutomationError);
   EXPECT_THROW(FromComVariant(Foreign(VT_ERROR, 0x80004005)), AutomationError);
+}
+
+TEST(GuardTest, NothingCrossesTheBoundaryEvenWhereTheFailureCannotBeTold) {
+  const auto fail = []() -> HRESULT { throw std::runtime_error("lost"); };
+  const auto run_short = [](const AutomationError&) -> HRESULT { throw std::bad_alloc(); };
+  EXPECT_EQ(Guarded(fail), E_UNEXPECTED);
+  EXPECT_EQ(Guarded(fail, run_short), E_OUTOFMEMORY);
 }
 
 }  // namespace

@@ -29,16 +29,16 @@ HRESULT UnregisterServer() {
   return Export<HRESULT STDMETHODCALLTYPE()>("DllUnregisterServer")();
 }
 
-ComPtr<IClassFactory> Factory() {
+ComPtr<IClassFactory> Factory(HMODULE dll) {
   ComPtr<IClassFactory> factory;
-  const auto get = Export<HRESULT STDMETHODCALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject");
+  const auto get = Export<HRESULT STDMETHODCALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject", dll);
   Require(get(__uuidof(::OrimDoors), IID_IClassFactory, factory.OutVoid()));
   return factory;
 }
 
-ComPtr<IDispatch> NewAddIn() {
+ComPtr<IDispatch> NewAddIn(HMODULE dll) {
   ComPtr<IDispatch> add_in;
-  Require(Factory()->CreateInstance(nullptr, IID_IDispatch, add_in.OutVoid()));
+  Require(Factory(dll)->CreateInstance(nullptr, IID_IDispatch, add_in.OutVoid()));
   return add_in;
 }
 

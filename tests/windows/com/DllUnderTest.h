@@ -12,8 +12,8 @@ HMODULE Dll();
 Text DllPath();
 
 template <typename Function>
-Function* Export(const char* name) {
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(Dll(), name)));
+Function* Export(const char* name, HMODULE dll = Dll()) {
+  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(dll, name)));
 }
 
 /// What regsvr32 calls: for "/i:machine", for "/i:user", or with no "/i" at all.
@@ -21,8 +21,8 @@ HRESULT Install(BOOL install, const wchar_t* audience);
 HRESULT RegisterServer();
 HRESULT UnregisterServer();
 
-/// The add-in, made without the registry.
-ComPtr<IClassFactory> Factory();
-ComPtr<IDispatch> NewAddIn();
+/// The add-in, made without the registry by the DLL or by a copy of it.
+ComPtr<IClassFactory> Factory(HMODULE dll = Dll());
+ComPtr<IDispatch> NewAddIn(HMODULE dll = Dll());
 
 }  // namespace kestrune::testing

@@ -12,6 +12,7 @@ struct HostModel {
   bool IsLocked = false;
   std::vector<std::string> Calls;         // as "WriteOutput DOORS Text -1"
   std::function<void()> OnBuild = [] {};  // what befalls whoever asks for the build
+  Object SelectedPackage;
 };
 
 /// A package that is its own element, without tagged values.
@@ -44,7 +45,8 @@ class HostRepository : public StandInObject<HostRepository> {
   static const Members& Table() {
     static const Members table = {
         {u"LibraryBuild", {.Get = [](HostRepository& host) { return host.Build(); }}},
-        {u"SelectedPackage", {.Call = [](HostRepository&, const Args&) { return Object(); }}},
+        {u"SelectedPackage",
+         {.Call = [](HostRepository& host, const Args&) { return host.model_.SelectedPackage; }}},
         {u"PackageByID", Noting(u"PackageByID", 1, [](HostRepository& host) { return host.Package(); })},
         {u"PackageByGuid", Noting(u"PackageByGuid", 1, [](HostRepository& host) { return host.Package(); })},
         {u"CreateOutputTab", Noting(u"CreateOutputTab", 1)},

@@ -79,6 +79,13 @@ TEST_F(RegistrationTest, ForTheMachineTheAddInIsFoundByItsProgId) {
   EXPECT_EQ(CLSIDFromProgID(L"Kestrune.OrimDoors", &class_id), CO_E_CLASSSTRING);
 }
 
+TEST_F(RegistrationTest, ThatForTheMachineTakesTheUsersOwnOutOfItsWay) {
+  EXPECT_EQ(Install(TRUE, L"user"), S_OK);
+  EXPECT_EQ(Install(TRUE, L"machine"), S_OK);
+  ExpectRegistered(HKEY_LOCAL_MACHINE);
+  ExpectNothing(HKEY_CURRENT_USER);
+}
+
 TEST_F(RegistrationTest, RegisteringAgainAndUnregisteringWhatIsNotThereDoNoHarm) {
   for (const wchar_t* audience : {L"user", L"machine"}) {
     EXPECT_EQ(Install(FALSE, audience), S_OK);

@@ -19,6 +19,7 @@ class ListForm : public Form {
  private:
   void Form_Load() override {
     SetCaption(u"List");
+    cmdHelp.SetCaption(u"&Help");
     cmdClose.Click = [this] { Close(); };
     if (OnLoad) OnLoad();
   }
@@ -157,6 +158,64 @@ TEST_F(PeerTest, AFormAndATemplateThatDoNotFitAreRefused) {
   EXPECT_THROW(desktop.ShowModal(stranger), std::logic_error);
   const Button extra(&form_, u"cmdExtra");
   EXPECT_THROW(desktop.ShowModal(form_), std::logic_error);
+}
+
+TEST_F(PeerTest, AControlThatIsDisabledOrHiddenGivesTheFocusAway) {
+  for (const bool is_hidden : {false, true}) {
+    form_.OnLoad = [&] {
+      form_.cmdHelp.SetEnabled(true);
+      form_.cmdHelp.SetVisible(true);
+    };
+    form_.cmdHelp.Click = [&] {
+      // Its repainting makes notifications, which come while the focus is nowhere.
+      form_.List1.SetListIndex(-1);
+      if (is_hidden)
+        form_.cmdHelp.SetVisible(false);
+      else
+        form_.cmdHelp.SetEnabled(false);
+      form_.List1.AddItem(u"line");
+    };
+    WithPerson(
+        [&] {
+          const Screen list(u"List");
+          list.Key('H', VK_MENU);
+          list.Await("the click", [&] { return list.TabStops().size() == 2; });
+          list.Await("a focus", [&] { return list.TabStops().contains(list.FocusedId()); });
+          list.Key(VK_ESCAPE);
+        },
+        [&] { desktop.ShowModal(form_); });
+  }
+}
+
+TEST_F(PeerTest, TheWaitCursorIsNotThatOfADialogWhichOpensMeanwhile) {
+  const auto shows_wait = [](HWND dialog) {
+    SetCursor(nullptr);
+    SendMessageW(dialog, WM_SETCURSOR, reinterpret_cast<WPARAM>(dialog), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    return GetCursor() == LoadCursorW(nullptr, IDC_WAIT);
+  };
+  ListForm inner;
+  bool inner_waits = true, outer_waits = false;
+  inner.OnLoad = [&] { inner.SetCaption(u"Inner"); };
+  inner.cmdHelp.Click = [&] { inner_waits = shows_wait(GetActiveWindow()); };
+  form_.cmdHelp.Click = [&] {
+    desktop.SetWaitCursor(true);
+    const HWND dialog = GetActiveWindow();
+    desktop.ShowModal(inner);
+    outer_waits = shows_wait(dialog);
+    desktop.SetWaitCursor(false);
+  };
+  WithPerson(
+      [&] {
+        Screen(u"List").Click(ID_cmdHelp);
+        const Screen nested(u"Inner");
+        nested.Click(ID_cmdHelp);
+        nested.Key(VK_ESCAPE);
+        nested.AwaitClosed();
+        Screen(u"List").Key(VK_ESCAPE);
+      },
+      [&] { desktop.ShowModal(form_); });
+  EXPECT_FALSE(inner_waits);
+  EXPECT_TRUE(outer_waits);
 }
 
 TEST_F(PeerTest, TheFontOfTheLanguageIsUsed) {

@@ -160,9 +160,25 @@ std::vector<Text> Screen::LinesOf(int list_id) const {
 }
 
 bool Screen::HasFocus(int id) const {
+  return FocusedId() == id;
+}
+
+int Screen::FocusedId() const {
   GUITHREADINFO info = {.cbSize = sizeof info};
   GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-  return info.hwndFocus && (info.hwndFocus == At(id) || IsChild(At(id), info.hwndFocus));
+  HWND control = info.hwndFocus;
+  while (control && GetParent(control) != window_) control = GetParent(control);  // the text of a combo box
+  return control ? GetDlgCtrlID(control) : 0;
+}
+
+std::set<int> Screen::TabStops() const {
+  std::set<int> ids;
+  for (HWND each = GetWindow(window_, GW_CHILD); each; each = GetWindow(each, GW_HWNDNEXT)) {
+    const LONG style = GetWindowLongW(each, GWL_STYLE);
+    if ((style & (WS_TABSTOP | WS_VISIBLE | WS_DISABLED)) == (WS_TABSTOP | WS_VISIBLE))
+      ids.insert(GetDlgCtrlID(each));
+  }
+  return ids;
 }
 
 void Screen::Await(const char* what, const std::function<bool()>& condition) const {

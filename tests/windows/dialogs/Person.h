@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <windows.h>
 
 #include "platform/Text.h"
@@ -27,6 +28,10 @@ class Screen {
   LRESULT Ask(int id, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   std::vector<Text> LinesOf(int list_id) const;
   bool HasFocus(int id) const;
+  /// The id of the control with the focus, 0 when no control of the window has it.
+  int FocusedId() const;
+  /// The ids of all controls that Tab can reach.
+  std::set<int> TabStops() const;
 
   /// Waits until `condition` holds; `what` says what is waited for.
   void Await(const char* what, const std::function<bool()>& condition) const;

@@ -1,0 +1,103 @@
+// What is expected of every dialog alike: a person with a keyboard alone comes to the end, the host cannot be
+// used meanwhile, and nothing is left behind.
+#include "platform/com/Owned.h"
+#include "tests/windows/dialogs/DialogTest.h"
+#include "tests/windows/dialogs/EveryDialog.h"
+#include "tests/windows/dialogs/HostWindows.h"
+#include "tests/windows/dialogs/SystemObjects.h"
+
+namespace kestrune::testing {
+namespace {
+
+class EveryDialogTest : public DialogTest, public ::testing::WithParamInterface<ShownDialog> {
+ protected:
+  EveryDialogTest() { PrepareLink(*this); }
+  void ShowWith(const std::function<void(const Screen&)>& person) {
+    WithPerson(
+        [&] {
+          const Screen dialog(GetParam().Title);
+          person(dialog);
+          if (IsWindow(dialog.Window())) dialog.Key(VK_ESCAPE);
+        },
+        [&] { GetParam().Show(*this); });
+  }
+};
+
+TEST_P(EveryDialogTest, IsUsedByKeyboardAlone) {
+  ShowWith([](const Screen& dialog) {
+    if (GetParam().Title == Text(u"DOORS Connection")) dialog.AwaitEnabled(ID_cmdOK);
+    if (GetParam().Title == Text(u"Import Progress")) dialog.AwaitEnabled(ID_cmdClose);
+    dialog.Await("the first focus", [&] { return dialog.HasFocus(GetParam().FirstFocus); });
+    const auto stops = dialog.TabStops();
+    std::set<int> reached = {GetParam().FirstFocus};
+    while (reached.size() < stops.size()) {
+      const int before = dialog.FocusedId();
+      dialog.Key(VK_TAB);
+      dialog.Await("the next focus", [&] { return dialog.FocusedId() != before && dialog.FocusedId() != 0; });
+      if (!reached.insert(dialog.FocusedId()).second) break;
+    }
+    EXPECT_EQ(reached, stops);
+  });
+}
+
+TEST_P(EveryDialogTest, ItsHelpIsReachedEachWay) {
+  ShowWith([this](const Screen& dialog) {
+    if (GetParam().Help == 0) return;
+    const auto await_topics = [&](std::size_t count) {
+      dialog.Await("the topic", [&] { return desktop.help_shown.size() == count; });
+    };
+    dialog.Key(VK_F1);
+    await_topics(1);
+    dialog.Key('H', VK_MENU);
+    await_topics(2);
+    dialog.Click(ID_cmdHelp);
+    await_topics(3);
+  });
+  for (const int topic : desktop.help_shown) EXPECT_EQ(topic, GetParam().Help);
+}
+
+TEST_P(EveryDialogTest, KeepsTheUserFromAllWindowsOfTheHost) {
+  const HostWindows host;
+  SetActiveWindow(host.Pane());
+  ShowWith([&](const Screen& dialog) {
+    EXPECT_EQ(host.Enabled(), "");
+    EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), host.Main()) << "not the pane, which may go";
+  });
+  EXPECT_EQ(host.Enabled(), "main pane second");
+  EXPECT_EQ(GetActiveWindow(), host.Pane());
+}
+
+TEST_P(EveryDialogTest, HasNoButtonThatCannotBePressed) {
+  ShowWith([](const Screen& dialog) {
+    const LONG boxes = GetWindowLongW(dialog.Window(), GWL_STYLE) & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX);
+    EXPECT_TRUE(boxes == 0 || boxes == (WS_MINIMIZEBOX | WS_MAXIMIZEBOX));
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, EveryDialogTest, ::testing::ValuesIn(EveryDialog()), [](const auto& info) {
+  std::string name = info.param.Name;
+  std::erase(name, '-');
+  return name;
+});
+
+TEST_F(DialogTest, AHundredDialogsLeaveBehindWhatOneLeaves) {
+  PrepareLink(*this);
+  const auto show_all = [this] {
+    for (const ShownDialog& dialog : EveryDialog()) {
+      if (dialog.Name == std::string("frmImport")) continue;  // cannot be closed at once
+      WithPerson([&] { PostMessageW(Screen(dialog.Title).Window(), WM_CLOSE, 0, 0); },
+                 [&] { dialog.Show(*this); });
+    }
+  };
+  show_all();
+  const SystemObjects before = CountSystemObjects();
+  for (int shown = 0; shown < 100; shown += static_cast<int>(EveryDialog().size()) - 1) show_all();
+  const SystemObjects after = CountSystemObjects();
+  EXPECT_EQ(after.Windows, before.Windows);
+  EXPECT_EQ(after.Drawing, before.Drawing);
+  const Owned<HBRUSH, DeleteObject> brush(CreateSolidBrush(0x123456));
+  EXPECT_EQ(CountSystemObjects().Drawing, after.Drawing + 1) << "the count counts";
+}
+
+}  // namespace
+}  // namespace kestrune::testing
