@@ -34,6 +34,7 @@ OrimDoors::OrimDoors(const Platform& platform) : platform_(platform), doors_(pla
 }
 
 Text OrimDoors::Orim_Connect(const orim::Repository& Repository) {
+  const Desktop::Callback callback(platform_.desktop);
   if (Repository.LibraryBuild() >= kOldestBuild) return kFamily;
   ShowMessage(platform_.desktop, LoadResText(text::kHostTooOld), Icon::kStop);
   return {};
@@ -51,6 +52,7 @@ Variant OrimDoors::Orim_OnPostInitialized(const orim::Repository& Repository) {
 }
 
 Variant OrimDoors::Orim_GetMenuItems(const orim::Repository& Repository, const Text&, const Text& MenuName) {
+  const Desktop::Callback callback(platform_.desktop);
   const Text top = LoadResText(text::kMenuTop);
   if (MenuName.empty()) return top;
   if (MenuName != top) {
@@ -72,6 +74,7 @@ bool OrimDoors::IsLinked(const orim::Package& package) const {
 }
 
 void OrimDoors::Orim_MenuClick(const orim::Repository& Repository, const Text&, const Text& ItemName) {
+  const Desktop::Callback callback(platform_.desktop);
   const std::pair<int, std::function<void()>> commands[] = {
       {text::kMenuImport, [&] { Import(Repository); }},
       {text::kMenuExport, [&] { Transfer(Repository, frmImport::kExport); }},
@@ -114,6 +117,7 @@ std::int32_t OrimDoors::Plexa_View(const orim::Repository&, const Text&, const T
 
 std::int32_t OrimDoors::Plexa_Connect(const orim::Repository& Repository, std::int32_t PackageID,
                                       const Text& PackageGuid) {
+  const Desktop::Callback callback(platform_.desktop);
   if (RefuseLocked(platform_.desktop, Repository.PackageByID(PackageID))) return 0;
   if (!doors_.EnsureDoors()) return 0;
   const Text module_path = frmConnect(doors_).ShowIt();
@@ -124,6 +128,7 @@ std::int32_t OrimDoors::Plexa_Connect(const orim::Repository& Repository, std::i
 }
 
 Variant OrimDoors::Plexa_GetConnectedPackages(const orim::Repository&) {
+  const Desktop::Callback callback(platform_.desktop);
   return GetConnectedPackages(platform_);
 }
 
@@ -140,6 +145,7 @@ Text OrimDoors::IconId() const {
 }
 
 bool OrimDoors::Plexa_Disconnect(const orim::Repository& Repository, const Text& PackageGuid) {
+  const Desktop::Callback callback(platform_.desktop);
   if (!AskYesNo(platform_.desktop, LoadResText(text::kConfirmDisconnect), Icon::kExclamation)) return false;
   const orim::Package package = Repository.PackageByGuid(PackageGuid);
   if (RefuseLocked(platform_.desktop, package)) return false;

@@ -33,7 +33,11 @@ Text GetDataFolder(const Platform& platform) {
   MakeFolder(*app_data + NativePath(kMakerFolder));
   const Text folder = *app_data + NativePath(kDataFolder);
   MakeFolder(folder);
-  if (!IsFolder(folder)) ShowMessage(platform.desktop, LoadResText(text::kDataFolderFailed), Icon::kStop);
+  if (!IsFolder(folder)) {
+    platform.desktop.ShowOnce({.Body = LoadResText(text::kDataFolderFailed),
+                               .Title = LoadResText(text::kTitle),
+                               .Icon = Icon::kStop});
+  }
   return folder;
 }
 

@@ -7,8 +7,8 @@
 namespace kestrune {
 
 /// The add-in's own folder below the user's application data, made if need be, ending in a separator; "" when
-/// the platform knows no such folder. A folder that cannot be made is told to the user and its path returned
-/// all the same.
+/// the platform knows no such folder. A folder that cannot be made is told to the user, once in a callback,
+/// and its path returned all the same.
 Text GetDataFolder(const Platform& platform);
 
 /// The link file of a package: named by the package's GUID, braces and all; "" when there is no data folder.

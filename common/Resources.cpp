@@ -6,6 +6,14 @@ namespace kestrune {
 
 namespace {
 
+// What the platform, which knows nothing of this room, shows of the string table.
+static_assert(stored::kTitle == text::kTitle && stored::kOk == text::kOk && stored::kCancel == text::kCancel);
+static_assert(stored::kHelpFileMissing == text::kHelpFileMissing &&
+              stored::kHelpNotShown == text::kHelpNotShown);
+static_assert(stored::kCannotRead == text::kCannotRead && stored::kCannotWrite == text::kCannotWrite &&
+              stored::kCannotDelete == text::kCannotDelete);
+static_assert(stored::kNoMsxml == text::kNoMsxml && stored::kDtdRefused == text::kDtdRefused);
+
 Text WithLineBreaks(TextView text) {
   Text broken;
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -29,6 +30,19 @@ struct Message {
 
 class Desktop {
  public:
+  /// The time from a call of the host's to its return. Dialogs belong meanwhile to the window that was active
+  /// when it began, whatever becomes active later. Calls that come during another are part of that one.
+  class Callback {
+   public:
+    explicit Callback(Desktop& desktop);
+    ~Callback();
+    Callback(const Callback&) = delete;
+    Callback& operator=(const Callback&) = delete;
+
+   private:
+    Desktop& desktop_;
+  };
+
   virtual ~Desktop() = default;
 
   /// Loads and shows `form`; returns when it has been closed. What a handler throws ends the
@@ -36,6 +50,8 @@ class Desktop {
   virtual void ShowModal(Form& form) = 0;
   /// Shows a message box and waits for its button.
   virtual Answer Show(const Message& message) = 0;
+  /// Shows a message box unless one with this text has been shown during the callback.
+  void ShowOnce(const Message& message);
   /// Shows an input box; nothing when the user cancels it.
   virtual std::optional<Text> AskText(const Text& title, const Text& prompt) = 0;
   /// Lets pending window messages run; timers may tick meanwhile.
@@ -58,13 +74,22 @@ class Desktop {
 
   /// The help file that every help request of the process opens.
   virtual void SetHelpFile(const Text& path) = 0;
-  /// Opens the help file at a topic.
+  /// Opens the help file at a topic; tells the user where there is none.
   virtual void ShowHelp(int context) = 0;
-  /// Presses F1 in `form`, which opens the form's own topic.
+  /// Does what F1 does in `form`: opens the form's own topic. The key itself would be another one for as long
+  /// as the user holds Alt, to reach the Help button.
   virtual void SendHelpKey(Form& form) = 0;
 
   /// Starts a program with a normal, focused window and does not wait for it.
   virtual void StartCommand(const Text& command_line) = 0;
+
+ protected:
+  virtual void CallbackBegins() {}
+  virtual void CallbackEnds() {}
+
+ private:
+  int callbacks_ = 0;
+  std::vector<Text> shown_once_;  // during the callback
 };
 
 }  // namespace kestrune

@@ -5,13 +5,14 @@
 #include <iterator>
 
 #include "platform/Automation.h"
+#include "platform/ResourceStore.h"
 
 namespace kestrune {
 
 namespace {
 
-[[noreturn]] void ThrowFileFailure(TextView what, TextView path) {
-  throw AutomationError(error::kFileFailure, u"Kestrune", Text(what).append(path));
+[[noreturn]] void ThrowFileFailure(int text_id, TextView path) {
+  throw AutomationError(error::kFileFailure, u"Kestrune", StoredString(text_id).append(path));
 }
 
 }  // namespace
@@ -45,22 +46,22 @@ std::string ReadFile(TextView path) {
   std::error_code failure;
   const auto size = std::filesystem::file_size(ToPath(path), failure);
   std::ifstream file(ToPath(path), std::ios::binary);
-  if (failure || !file) ThrowFileFailure(u"Cannot read the file ", path);
+  if (failure || !file) ThrowFileFailure(stored::kCannotRead, path);
   std::string bytes(size, '\0');
   file.read(bytes.data(), static_cast<std::streamsize>(size));
-  if (!file) ThrowFileFailure(u"Cannot read the file ", path);
+  if (!file) ThrowFileFailure(stored::kCannotRead, path);
   return bytes;
 }
 
 void WriteFile(TextView path, std::string_view bytes) {
   std::ofstream file(ToPath(path), std::ios::binary | std::ios::trunc);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file.flush()) ThrowFileFailure(u"Cannot write the file ", path);
+  if (!file.flush()) ThrowFileFailure(stored::kCannotWrite, path);
 }
 
 void RemoveFile(TextView path) {
   std::error_code failure;
-  if (!std::filesystem::remove(ToPath(path), failure)) ThrowFileFailure(u"Cannot delete the file ", path);
+  if (!std::filesystem::remove(ToPath(path), failure)) ThrowFileFailure(stored::kCannotDelete, path);
 }
 
 std::vector<Text> ListFolder(TextView path) {

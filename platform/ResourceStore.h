@@ -8,6 +8,20 @@
 
 namespace kestrune {
 
+/// The entries of the string table that the platform itself shows.
+namespace stored {
+inline constexpr int kTitle = 110;
+inline constexpr int kOk = 158;
+inline constexpr int kCancel = 159;
+inline constexpr int kHelpFileMissing = 205;
+inline constexpr int kHelpNotShown = 206;
+inline constexpr int kCannotRead = 207;
+inline constexpr int kCannotWrite = 208;
+inline constexpr int kCannotDelete = 209;
+inline constexpr int kNoMsxml = 210;
+inline constexpr int kDtdRefused = 211;
+}  // namespace stored
+
 /// The string-table entry, or "" when there is none.
 Text StoredString(int id);
 

@@ -42,26 +42,6 @@ void PutTo(VARIANT_BOOL* place, bool value) {
   *place = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-/// Puts what `work` answers to `place`, which a failure leaves empty.
-template <typename Result, typename Work>
-HRESULT Answered(Result* place, Work work) {
-  if (!place) return E_POINTER;
-  *place = Result();
-  return Guarded([&] {
-    PutTo(place, work());
-    return S_OK;
-  });
-}
-
-/// Runs `work`, which answers nothing.
-template <typename Work>
-HRESULT Done(Work work) {
-  return Guarded([&] {
-    work();
-    return S_OK;
-  });
-}
-
 /// The arguments of a late-bound call, all by value. What script hosts pass, references to variables of any
 /// type, fits none of the parameters that are references to a text, a number or an object; values fit them,
 /// converted if need be. Nothing is lost, as no callback changes its arguments.
@@ -83,6 +63,29 @@ class Values {
 };
 
 }  // namespace
+
+// The host may let go of the add-in inside of a dialog.
+template <typename Work>
+HRESULT ComOrimDoors::Held(Work work) {
+  const ModuleLock module;
+  const ComPtr<ComOrimDoors> object(this);
+  return Guarded(std::move(work));
+}
+
+template <typename Work>
+HRESULT ComOrimDoors::Done(Work work) {
+  return Held([&] {
+    work();
+    return S_OK;
+  });
+}
+
+template <typename Result, typename Work>
+HRESULT ComOrimDoors::Answered(Result* place, Work work) {
+  if (!place) return E_POINTER;
+  *place = Result();
+  return Done([&] { PutTo(place, work()); });
+}
 
 HRESULT ComOrimDoors::Orim_Connect(IDispatch** Repository, BSTR* Result) {
   return Answered(Result, [&] { return add_in_.Orim_Connect(RepositoryAt(Repository)); });
@@ -159,13 +162,13 @@ HRESULT ComOrimDoors::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
 }
 
 HRESULT ComOrimDoors::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  return Guarded([&] { return Description()->GetIDsOfNames(names, count, ids); });
+  return Held([&] { return Description()->GetIDsOfNames(names, count, ids); });
 }
 
 HRESULT ComOrimDoors::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params, VARIANT* answer,
                              EXCEPINFO* info, UINT* wrong_argument) {
   if (!params) return E_INVALIDARG;
-  return Guarded([&] {
+  return Held([&] {
     Values values(*params);
     return Description()->Invoke(static_cast<_OrimDoors*>(this), id, flags, values.Params(), answer, info,
                                  wrong_argument);

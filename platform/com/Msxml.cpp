@@ -1,5 +1,6 @@
 #include "platform/com/Msxml.h"
 
+#include "platform/ResourceStore.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
 
@@ -81,7 +82,7 @@ XmlParseError AskReader(const VARIANT& source) {
 
 ComPtr<IXMLDOMDocument> NewMsxmlDocument() {
   auto document = Newest<IXMLDOMDocument>(kDocuments, IID_IXMLDOMDocument);
-  if (!document) throw AutomationError(error::kNoSuchClass, u"Kestrune", u"MSXML is not installed.");
+  if (!document) throw AutomationError(error::kNoSuchClass, u"Kestrune", StoredString(stored::kNoMsxml));
   document->put_async(VARIANT_FALSE);
   document->put_validateOnParse(VARIANT_FALSE);
   document->put_resolveExternals(VARIANT_FALSE);

@@ -2,6 +2,7 @@
 
 #include "platform/Automation.h"
 #include "platform/Files.h"
+#include "platform/ResourceStore.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
 #include "platform/com/Failure.h"
@@ -12,8 +13,6 @@
 namespace kestrune {
 
 namespace {
-
-constexpr const char16_t* kDtdRefused = u"A document type definition is not accepted.";
 
 IXMLDOMNode* NodeOf(const std::shared_ptr<void>& node) {
   return static_cast<IXMLDOMNode*>(node.get());
@@ -157,9 +156,9 @@ struct XmlDocument::Peer {
     return false;
   }
 
-  bool Refuse(const char16_t* why) {
+  bool Refuse(Text why) {
     error.Code = E_FAIL;
-    error.Reason = why;
+    error.Reason = std::move(why);
     return false;
   }
 
@@ -182,13 +181,13 @@ bool XmlDocument::LoadFile(const Text& path) {
   } catch (const AutomationError&) {
     return false;
   }
-  if (XmlProlog<char>(bytes).HasDtd()) return peer_->Refuse(kDtdRefused);
+  if (XmlProlog<char>(bytes).HasDtd()) return peer_->Refuse(StoredString(stored::kDtdRefused));
   return peer_->LoadBytes(bytes);
 }
 
 bool XmlDocument::LoadText(TextView xml) {
   peer_->Clear();
-  if (XmlProlog<char16_t>(xml).HasDtd()) return peer_->Refuse(kDtdRefused);
+  if (XmlProlog<char16_t>(xml).HasDtd()) return peer_->Refuse(StoredString(stored::kDtdRefused));
   return peer_->LoadText(xml);
 }
 

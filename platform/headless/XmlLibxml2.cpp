@@ -5,6 +5,7 @@
 
 #include "platform/Automation.h"
 #include "platform/Files.h"
+#include "platform/ResourceStore.h"
 #include "platform/Xml.h"
 
 namespace kestrune {
@@ -14,7 +15,6 @@ namespace {
 constexpr int kOptions = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_COMPACT | XML_PARSE_NOCDATA |
                          XML_PARSE_BIG_LINES | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
 constexpr std::size_t kUtf8PerUnit = 3;  // bytes at most
-constexpr const char* kDtdRefused = "A document type definition is not accepted.";
 
 xmlNode* NodeOf(const std::shared_ptr<void>& node) {
   return static_cast<xmlNode*>(node.get());
@@ -52,7 +52,7 @@ using Owned = std::unique_ptr<T, XmlFreer>;
 
 void RefuseDtd(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
   auto* context = static_cast<xmlParserCtxt*>(parser);
-  context->_private = const_cast<char*>(kDtdRefused);
+  context->_private = context;  // what it was stopped for
   xmlStopParser(context);
   context->wellFormed = 0;
 }
@@ -67,7 +67,7 @@ Owned<xmlParserCtxt> NewParser() {
 XmlParseError ErrorOf(xmlParserCtxt* parser) {
   XmlParseError error;
   if (parser->_private) {
-    error.Reason = FromUtf8(static_cast<const char*>(parser->_private));
+    error.Reason = StoredString(stored::kDtdRefused);
     error.Code = XML_ERR_USER_STOP;
   } else {
     error.Reason = Text(Trim(FromUtf8(parser->lastError.message ? parser->lastError.message : "")));

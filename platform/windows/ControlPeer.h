@@ -30,6 +30,8 @@ class ControlPeer {
   virtual void OnNotify(const NMHDR&) {}
   /// The window has got another size or font.
   virtual void OnResized() {}
+  /// All that came of a message has been done: what shows only the outcome is brought up to it.
+  virtual void Settle() {}
 
  protected:
   virtual void PushContent() = 0;

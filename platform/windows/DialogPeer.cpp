@@ -4,6 +4,8 @@
 #include <stdexcept>
 
 #include "platform/ResourceStore.h"
+#include "platform/com/Failure.h"
+#include "platform/windows/DialogTemplate.h"
 #include "platform/windows/Module.h"
 #include "platform/windows/WindowText.h"
 
@@ -18,8 +20,13 @@ constexpr int kIcon = 101;
   throw std::logic_error(ToUtf8(Text(u"The dialog ").append(form.ClassName()).append(u": ").append(what)));
 }
 
-bool IsReachable(HWND window) {
-  return (GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE;
+/// In front of all other windows, also of those of the program that is in front.
+void BringForward(HWND dialog) {
+  SetForegroundWindow(dialog);
+  if (GetForegroundWindow() == dialog) return;
+  // The system lets only the program in front say who is next. Above the others the dialog stands all the same.
+  for (const HWND place : {HWND_TOPMOST, HWND_NOTOPMOST})
+    SetWindowPos(dialog, place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 /// Opens the menu at the left edge and the bottom of the window `below`; the item that the user chooses, null
@@ -43,16 +50,33 @@ MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below) {
 DialogPeer::DialogPeer(Desktop& desktop, DialogSession& session, Form& form)
     : desktop_(desktop), session_(session), form_(form) {}
 
+void DialogSession::ShowWaiting(bool on) {
+  IsWaiting = on;
+  SetCursor(LoadCursorW(nullptr, on ? IDC_WAIT : IDC_ARROW));
+}
+
+NoWait::NoWait(DialogSession& session) : session_(session), was_waiting_(session.IsWaiting) {
+  if (was_waiting_) session_.ShowWaiting(false);
+}
+
+NoWait::~NoWait() {
+  if (was_waiting_) session_.ShowWaiting(true);
+}
+
 void DialogPeer::Run(HWND owner) {
   const DialogLook look;
-  const Text name(form_.ClassName());
+  const NoWait no_wait(session_);
+  const DialogTemplate layout(Text(form_.ClassName()));
+  if (!layout.Get()) ThrowUnfit(form_, u"there is no such template");
+  modality_.emplace(owner);
   const INT_PTR result =
-      DialogBoxParamW(ThisModule(), Wide(name), owner, Procedure, reinterpret_cast<LPARAM>(this));
+      DialogBoxIndirectParamW(ThisModule(), layout.Get(), owner, Procedure, reinterpret_cast<LPARAM>(this));
+  modality_.reset();
   std::erase(session_.Open, dialog_);  // the dialog may have been ended by others
   form_.Close();
   form_.Detach();
   if (failure_) std::rethrow_exception(failure_);
-  if (result == -1) ThrowUnfit(form_, u"there is no such template");
+  if (result == -1) ThrowLastError();
 }
 
 INT_PTR CALLBACK DialogPeer::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -67,15 +91,19 @@ INT_PTR CALLBACK DialogPeer::Procedure(HWND dialog, UINT message, WPARAM wparam,
 INT_PTR DialogPeer::Receive(UINT message, WPARAM wparam, LPARAM lparam) {
   if (has_ended_) return FALSE;
   INT_PTR result = TRUE;
+  ++messages_;
   try {
     result = Handle(message, wparam, lparam);
   } catch (...) {
     failure_ = std::current_exception();
     form_.Close();
   }
+  if (--messages_ == 0)
+    for (const auto& [control, peer] : peers_) peer->Settle();
   if (!form_.IsOpen()) {
     has_ended_ = true;
     std::erase(session_.Open, dialog_);
+    modality_->GiveBack();
     EndDialog(dialog_, 0);
   }
   return result;
@@ -129,9 +157,9 @@ void DialogPeer::OnInit() {
                                  GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
   SendMessageW(dialog_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
   PlaceOverOwner(dialog_);
-  if (!GetWindow(dialog_, GW_OWNER)) SetForegroundWindow(dialog_);
-  SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetNextDlgTabItem(dialog_, nullptr, FALSE)),
-               TRUE);
+  BringForward(dialog_);
+  is_opening_ = false;
+  FocusOn(first_focus_ ? first_focus_ : GetNextDlgTabItem(dialog_, nullptr, FALSE));
 }
 
 void DialogPeer::Bind() {
@@ -154,22 +182,22 @@ void DialogPeer::Bind() {
 }
 
 void DialogPeer::OnCommand(int id, WORD code) {
-  last_focus_ = GetFocus();
+  const HWND before = GetFocus();
   if (ControlPeer* peer = ReachablePeer(id)) peer->OnCommand(code);
   if (id == IDCANCEL && !controls_.contains(id)) form_.CloseByUser();
-  KeepFocusReachable();
+  KeepFocusReachable(before);
 }
 
 void DialogPeer::OnNotify(const NMHDR& notification) {
-  last_focus_ = GetFocus();
+  const HWND before = GetFocus();
   if (ControlPeer* peer = ReachablePeer(static_cast<int>(notification.idFrom))) peer->OnNotify(notification);
-  KeepFocusReachable();
+  KeepFocusReachable(before);
 }
 
-void DialogPeer::OnTimer(std::size_t index) {
-  last_focus_ = GetFocus();
-  if (index < timers_.size()) timers_[index]->Fire();
-  KeepFocusReachable();
+void DialogPeer::OnTimer(std::size_t id) {
+  const HWND before = GetFocus();
+  if (id >= 1 && id <= timers_.size()) timers_[id - 1]->Fire();
+  KeepFocusReachable(before);
 }
 
 // The Help button of a message box asks its owner, with the box's own topic.
@@ -194,20 +222,30 @@ INT_PTR DialogPeer::OnSetCursor() const {
 void DialogPeer::UpdateTimer(std::size_t index) {
   const Timer& timer = *timers_[index];
   if (timer.Enabled() && timer.Interval > 0)
-    SetTimer(dialog_, index, static_cast<UINT>(timer.Interval), nullptr);
+    SetTimer(dialog_, index + 1, static_cast<UINT>(timer.Interval), nullptr);
   else
-    KillTimer(dialog_, index);
+    KillTimer(dialog_, index + 1);
 }
 
 void DialogPeer::Resized() {
   for (const auto& [control, peer] : peers_) peer->OnResized();
 }
 
-// The keyboard would be lost with a focus in a window that has been hidden or disabled.
-void DialogPeer::KeepFocusReachable() {
-  if (!form_.IsOpen() || !last_focus_ || !IsChild(dialog_, last_focus_) || IsReachable(last_focus_)) return;
-  const HWND next = GetNextDlgTabItem(dialog_, last_focus_, FALSE);
-  SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+// A window that is hidden or disabled loses the focus to nobody, and the keyboard with it.
+void DialogPeer::KeepFocusReachable(HWND before) {
+  if (!form_.IsOpen() || is_opening_ || GetActiveWindow() != dialog_ || IsReachable(GetFocus())) return;
+  FocusOn(GetNextDlgTabItem(dialog_, IsChild(dialog_, before) ? before : nullptr, FALSE));
+}
+
+bool DialogPeer::IsReachable(HWND window) const {
+  if (!IsChild(dialog_, window)) return false;
+  for (; window != dialog_; window = GetParent(window))
+    if ((GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) != WS_VISIBLE) return false;
+  return true;
+}
+
+void DialogPeer::FocusOn(HWND control) const {
+  if (control) SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
 ControlPeer* DialogPeer::PeerOf(const Control& control) const {
@@ -240,7 +278,11 @@ void DialogPeer::Repaint(Control& control) {
 
 void DialogPeer::SetFocus(Control& control) {
   const ControlPeer* peer = PeerOf(control);
-  if (peer) SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(peer->Window()), TRUE);
+  if (!peer) return;
+  if (is_opening_)
+    first_focus_ = peer->Window();
+  else
+    FocusOn(peer->Window());
 }
 
 void DialogPeer::PopUp(Menu& menu, Control& below) {

@@ -9,6 +9,7 @@
 #include "platform/windows/ControlPeer.h"
 #include "platform/windows/DialogLayout.h"
 #include "platform/windows/DialogLook.h"
+#include "platform/windows/Modality.h"
 
 namespace kestrune {
 
@@ -16,6 +17,20 @@ namespace kestrune {
 struct DialogSession {
   std::vector<HWND> Open;  // the innermost last
   bool IsWaiting = false;  // shows the wait cursor
+  void ShowWaiting(bool on);
+};
+
+/// The wait cursor rests while a dialog waits for the user.
+class NoWait {
+ public:
+  explicit NoWait(DialogSession& session);
+  ~NoWait();
+  NoWait(const NoWait&) = delete;
+  NoWait& operator=(const NoWait&) = delete;
+
+ private:
+  DialogSession& session_;
+  bool was_waiting_;
 };
 
 class DialogPeer : public FormPeer {
@@ -41,7 +56,7 @@ class DialogPeer : public FormPeer {
   void OnInit();
   void OnCommand(int id, WORD code);
   void OnNotify(const NMHDR& notification);
-  void OnTimer(std::size_t index);
+  void OnTimer(std::size_t id);
   void OnHelp(const HELPINFO& request);
   void OnSize();
   INT_PTR OnSetCursor() const;
@@ -49,7 +64,10 @@ class DialogPeer : public FormPeer {
   void Bind();
   void UpdateTimer(std::size_t index);
   void Resized();
-  void KeepFocusReachable();
+  /// `before` had the focus before the message came.
+  void KeepFocusReachable(HWND before);
+  bool IsReachable(HWND window) const;
+  void FocusOn(HWND control) const;
   ControlPeer* PeerOf(const Control& control) const;
   ControlPeer* ReachablePeer(int id) const;
 
@@ -61,10 +79,13 @@ class DialogPeer : public FormPeer {
   std::exception_ptr failure_;
   std::map<const Control*, std::unique_ptr<ControlPeer>> peers_;
   std::map<int, const Control*> controls_;  // by the ids of their windows
-  std::vector<Timer*> timers_;              // the timer of the system has the index as its id
+  std::vector<Timer*> timers_;              // that of the system has the place as its id, from 1
   DialogFonts fonts_;
   std::optional<DialogLayout> layout_;  // of a sizable dialog
-  HWND last_focus_ = nullptr;
+  std::optional<Modality> modality_;    // while it is shown
+  HWND first_focus_ = nullptr;          // what the form wants to have the focus when it opens
+  bool is_opening_ = true;
+  int messages_ = 0;  // under way, one within the other
 };
 
 }  // namespace kestrune

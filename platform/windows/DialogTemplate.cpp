@@ -2,6 +2,7 @@
 
 #include "platform/com/ComText.h"
 #include "platform/windows/Module.h"
+#include "platform/windows/WindowText.h"
 
 namespace kestrune {
 
@@ -21,9 +22,7 @@ NONCLIENTMETRICSW Metrics() {
 
 /// The font's height in points, as templates have it.
 WORD PointsOf(const LOGFONTW& font) {
-  const HDC screen = GetDC(nullptr);
-  const int dots_per_inch = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
+  const int dots_per_inch = GetDeviceCaps(WindowContext(nullptr).Get(), LOGPIXELSY);
   return static_cast<WORD>(MulDiv(std::abs(font.lfHeight), 72, dots_per_inch));
 }
 

@@ -2,34 +2,31 @@
 
 #include <htmlhelp.h>
 
+#include "platform/Files.h"
+#include "platform/ResourceStore.h"
 #include "platform/com/ComText.h"
 
 namespace kestrune {
 
-namespace {
-
-std::string ToSystemCodePage(const Text& text) {
-  const int units = static_cast<int>(text.size());
-  const int size = WideCharToMultiByte(CP_ACP, 0, Wide(text), units, nullptr, 0, nullptr, nullptr);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_ACP, 0, Wide(text), units, bytes.data(), size, nullptr, nullptr);
-  return bytes;
-}
-
-}  // namespace
-
 HelpViewer::~HelpViewer() {
-  if (html_help_) html_help_(nullptr, nullptr, HH_CLOSE_ALL, 0);
+  for (const HWND window : windows_)
+    if (IsWindow(window)) SendMessageW(window, WM_CLOSE, 0, 0);
 }
 
-void HelpViewer::Show(int context) {
+int HelpViewer::Show(int context) {
+  if (!IsFile(file_)) return stored::kHelpFileMissing;
   if (!html_help_) {
     const HMODULE library = LoadLibraryW(L"hhctrl.ocx");
-    if (!library) return;
-    html_help_ = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpA")));
+    if (!library) return stored::kHelpNotShown;
+    html_help_ = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
   }
-  const std::string path = ToSystemCodePage(file_);
-  if (html_help_) html_help_(nullptr, path.c_str(), HH_HELP_CONTEXT, static_cast<DWORD_PTR>(context));
+  const HWND window = html_help_
+                          ? html_help_(nullptr, Wide(file_), HH_HELP_CONTEXT, static_cast<DWORD_PTR>(context))
+                          : nullptr;
+  if (!window) return stored::kHelpNotShown;
+  std::erase(windows_, window);
+  windows_.push_back(window);
+  return 0;
 }
 
 }  // namespace kestrune

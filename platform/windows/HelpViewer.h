@@ -2,6 +2,7 @@
 // are machines without it.
 #pragma once
 
+#include <vector>
 #include <windows.h>
 
 #include "platform/Text.h"
@@ -11,19 +12,20 @@ namespace kestrune {
 class HelpViewer {
  public:
   HelpViewer() = default;
-  /// Closes the windows of the help.
+  /// Closes the windows that it has opened; the host may have others.
   ~HelpViewer();
   HelpViewer(const HelpViewer&) = delete;
   HelpViewer& operator=(const HelpViewer&) = delete;
 
   void SetFile(const Text& path) { file_ = path; }
-  /// Opens the file at a topic; nothing happens where there is no viewer or no such file.
-  void Show(int context);
+  /// Opens the file at a topic. Returns the id of the text that tells the user why it could not, else 0.
+  int Show(int context);
 
  private:
-  using Function = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
+  using Function = HWND(WINAPI*)(HWND, const wchar_t*, UINT, DWORD_PTR);
   Text file_;
   Function html_help_ = nullptr;
+  std::vector<HWND> windows_;
 };
 
 }  // namespace kestrune

@@ -94,9 +94,12 @@ void ListViewPeer::PushSelection() {
   for (std::size_t row = 0; row < rows.size(); ++row)
     if (IsSelected(row) != rows[row].Selected)
       SetState(row, rows[row].Selected ? LVIS_SELECTED : 0, LVIS_SELECTED);
+  if (!list_.VisibleRow()) scrolled_to_.reset();
+}
+
+void ListViewPeer::Settle() {
   if (list_.VisibleRow() == scrolled_to_) return;
   scrolled_to_ = list_.VisibleRow();
-  if (!scrolled_to_) return;
   SetState(*scrolled_to_, LVIS_FOCUSED, LVIS_FOCUSED);
   Send(LVM_ENSUREVISIBLE, *scrolled_to_, FALSE);
 }

@@ -12,6 +12,8 @@ class ListViewPeer : public ControlPeer {
   ListViewPeer(ListView& list, HWND window);
   void OnNotify(const NMHDR& notification) override;
   void OnResized() override { FitColumns(); }
+  /// A list that is filled anew and has its row selected again is scrolled once, if at all.
+  void Settle() override;
 
  protected:
   void PushContent() override;

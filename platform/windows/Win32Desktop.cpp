@@ -1,6 +1,7 @@
 #include "platform/windows/Win32Desktop.h"
 
 #include "platform/Controls.h"
+#include "platform/ResourceStore.h"
 #include "platform/com/Failure.h"
 #include "platform/windows/Clipboard.h"
 #include "platform/windows/TopWindows.h"
@@ -13,7 +14,7 @@ namespace {
 DWORD BoxStyleOf(const Message& message, HWND owner) {
   static constexpr DWORD kIcons[] = {MB_ICONSTOP, MB_ICONEXCLAMATION, MB_ICONQUESTION, MB_ICONINFORMATION};
   return kIcons[static_cast<int>(message.Icon)] | (message.Buttons == Buttons::kYesNo ? MB_YESNO : MB_OK) |
-         (message.HelpContext ? MB_HELP : 0) | (owner ? 0 : MB_TASKMODAL | MB_SETFOREGROUND);
+         (message.HelpContext ? MB_HELP : 0) | MB_SETFOREGROUND | (owner ? 0 : MB_TASKMODAL);
 }
 
 /// A dialog that asks for one line of text.
@@ -27,6 +28,8 @@ class frmInput : public Form {
       Close();
     };
     cmdCancel.Click = [this] { Close(); };
+    cmdOK.SetCaption(StoredString(stored::kOk));
+    cmdCancel.SetCaption(StoredString(stored::kCancel));
   }
 
   TextView ClassName() const override { return u"frmInput"; }
@@ -50,6 +53,8 @@ void Win32Desktop::ShowModal(Form& form) {
 Answer Win32Desktop::Show(const Message& message) {
   const DialogLook look;
   const HWND owner = Owner();
+  const Modality modality(owner);
+  const NoWait no_wait(session_);
   // A Help button asks the owner by WM_HELP with the message's topic.
   const MSGBOXPARAMSW box = {.cbSize = sizeof box,
                              .hwndOwner = owner,
@@ -79,8 +84,7 @@ void Win32Desktop::PumpMessages() {
 }
 
 void Win32Desktop::SetWaitCursor(bool on) {
-  session_.IsWaiting = on;
-  SetCursor(LoadCursorW(nullptr, on ? IDC_WAIT : IDC_ARROW));
+  session_.ShowWaiting(on);
 }
 
 void Win32Desktop::EnumTop(const std::function<bool(WindowHandle)>& visit) {
@@ -119,14 +123,10 @@ void Win32Desktop::SetClipboardText(const Text& text) {
   WriteClipboard(Owner(), text);
 }
 
-void Win32Desktop::SendHelpKey(Form&) {
-  INPUT keys[2] = {};
-  for (INPUT& key : keys) {
-    key.type = INPUT_KEYBOARD;
-    key.ki.wVk = VK_F1;
-  }
-  keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-  SendInput(2, keys, sizeof keys[0]);
+void Win32Desktop::ShowHelp(int context) {
+  const int failure = help_.Show(context);
+  if (failure)
+    Show({.Body = StoredString(failure), .Title = StoredString(stored::kTitle), .Icon = Icon::kExclamation});
 }
 
 void Win32Desktop::StartCommand(const Text& command_line) {
@@ -141,7 +141,8 @@ void Win32Desktop::StartCommand(const Text& command_line) {
 }
 
 HWND Win32Desktop::Owner() const {
-  return session_.Open.empty() ? GetActiveWindow() : session_.Open.back();
+  if (!session_.Open.empty()) return session_.Open.back();
+  return IsWindow(host_) ? host_ : HostWindow();
 }
 
 }  // namespace kestrune

@@ -3,6 +3,7 @@
 
 #include "platform/windows/DialogPeer.h"
 #include "platform/windows/HelpViewer.h"
+#include "platform/windows/Modality.h"
 
 namespace kestrune {
 
@@ -27,17 +28,22 @@ class Win32Desktop : public Desktop {
   void SetClipboardText(const Text& text) override;
 
   void SetHelpFile(const Text& path) override { help_.SetFile(path); }
-  void ShowHelp(int context) override { help_.Show(context); }
-  void SendHelpKey(Form& form) override;
+  void ShowHelp(int context) override;
+  void SendHelpKey(Form& form) override { ShowHelp(form.HelpContextID); }
 
   /// Throws AutomationError when the program cannot be started.
   void StartCommand(const Text& command_line) override;
 
+ protected:
+  void CallbackBegins() override { host_ = HostWindow(); }
+  void CallbackEnds() override { host_ = nullptr; }
+
  private:
-  /// The window that a new dialog keeps the user from: the innermost of ours, else the host's.
+  /// The window to which a new dialog belongs: the innermost dialog of ours, else the host's.
   HWND Owner() const;
 
   DialogSession session_;
+  HWND host_ = nullptr;  // during a callback
   HelpViewer help_;
 };
 

@@ -9,17 +9,17 @@
 namespace kestrune {
 
 std::optional<Text> Win32Folders::RoamingAppData() const {
-  char folder[MAX_PATH] = "";
+  wchar_t folder[MAX_PATH] = L"";
   const HRESULT result =
-      SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, folder);
+      SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, folder);
   if (result != S_OK) return std::nullopt;
-  return FromSystemCodePage(folder);
+  return Text(FromWide(folder));
 }
 
 Text Win32Folders::Temp() const {
-  char folder[MAX_PATH + 1] = "";
-  const DWORD length = GetTempPathA(sizeof folder, folder);
-  return FromSystemCodePage({folder, length});
+  wchar_t folder[MAX_PATH + 1] = L"";
+  const DWORD length = GetTempPathW(static_cast<DWORD>(std::size(folder)), folder);
+  return Text(FromWide({folder, length}));
 }
 
 Text Win32Folders::AddIn() const {

@@ -21,6 +21,16 @@ TEST_F(CallbacksTest, AHostThatIsTooOldGetsNoFamily) {
   }
 }
 
+TEST_F(CallbacksTest, ADataFolderThatCannotBeMadeIsToldOnceInACallback) {
+  const Text folder = *folders.RoamingAppData() + NativePath(u"\\Brannock Works");
+  std::filesystem::remove_all(ToPath(folder));
+  WriteFile(folder, "in the way");
+  for (int call = 0; call < 2; ++call) {
+    EditOptions();
+    EXPECT_EQ(Messages(), std::vector<Text>{u"Failed to create data folder"});
+  }
+}
+
 TEST_F(CallbacksTest, StartingUpLeavesALineInTheOutputTab) {
   const auto& lines = model.OutputLines(u"DOORS");
   ASSERT_EQ(lines.size(), 1u);

@@ -28,6 +28,13 @@ TEST(DataFolderTest, OneThatCannotBeMadeIsToldAndReturnedAllTheSame) {
   WriteFile(*test.folders.RoamingAppData() + NativePath(u"\\Brannock Works"), "in the way");
   test.desktop.OnMessage(u"Failed to create data folder");
   EXPECT_TRUE(GetDataFolder(test.platform).ends_with(NativePath(u"PlexaDOORS\\")));
+  for (int call = 0; call < 2; ++call) {
+    const Desktop::Callback callback(test.desktop);
+    test.desktop.OnMessage(u"Failed to create data folder");
+    GetLinkFilePath(test.platform, kGuid);
+    GetLinkModulePath(test.platform, kGuid);
+    test.desktop.ExpectNothingLeft();
+  }
 }
 
 TEST(DataFolderTest, APlatformThatKnowsNoSuchFolder) {

@@ -51,14 +51,13 @@ TEST_F(WideNamesTest, ThatUsersLinksAreFoundByAnAddInInSuchAFolder) {
     const auto add_in = NewAddIn(copy);
     HostModel host;
     const Object repository(std::make_shared<HostRepository>(host));
-    const auto ask = [&](const wchar_t* callback, Args args = {}) {
-      args.insert(args.begin(), Variant(repository));
+    const auto ask = [&](const wchar_t* callback, const Args& args) {
       return CallLate(*add_in.Get(), callback, args).Value;
     };
-    EXPECT_EQ(ask(L"Plexa_GetProperty", {u"{A}", u"IconID"}), "BSTR " + ToUtf8(file) + "#101");
-    EXPECT_EQ(ask(L"Plexa_GetConnectedPackages"), "EMPTY");
+    EXPECT_EQ(ask(L"Plexa_GetProperty", {repository, u"{A}", u"IconID"}), "BSTR " + ToUtf8(file) + "#101");
+    EXPECT_EQ(ask(L"Plexa_GetConnectedPackages", {repository}), "EMPTY");
     WriteFile(User() + u"\\Brannock Works\\PlexaDOORS\\{A}.xml", "");
-    EXPECT_EQ(ask(L"Plexa_GetConnectedPackages"), "BSTR[] {A}");
+    EXPECT_EQ(ask(L"Plexa_GetConnectedPackages", {repository}), "BSTR[] {A}");
   }
   FreeLibrary(copy);
   std::filesystem::remove_all(ToPath(User()));

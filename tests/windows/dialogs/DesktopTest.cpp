@@ -1,5 +1,8 @@
 // The desktop's services beyond dialogs.
+#include <atomic>
+
 #include "tests/windows/dialogs/DialogTest.h"
+#include "tests/windows/dialogs/HostWindows.h"
 
 namespace kestrune::testing {
 namespace {
@@ -71,6 +74,69 @@ TEST_F(DialogTest, AProgramIsStartedOrItsLackToldInWords) {
     FAIL() << "started";
   } catch (const AutomationError& failure) {
     EXPECT_FALSE(failure.Description.empty());
+  }
+}
+
+TEST_F(DialogTest, AHelpFileThatIsMissingIsSaid) {
+  Win32Desktop plain;
+  plain.SetHelpFile(u"C:\\no such folder\\ORIMDOORS.chm");
+  WithPerson(
+      [] {
+        const Screen box(u"Kestrune Link");
+        EXPECT_EQ(
+            box.TextAt(0xFFFF),
+            u"The help file ORIMDOORS.chm is missing from the folder of Kestrune.dll. Install Kestrune Link "
+            u"again to get it back.");
+        box.Key(VK_RETURN);
+      },
+      [&] { plain.ShowHelp(1000); });
+}
+
+TEST_F(DialogTest, DuringACallbackDialogsBelongToTheHostWhateverIsActive) {
+  const HostWindows host;
+  SetActiveWindow(host.Pane());
+  const Desktop::Callback callback(desktop);
+  std::atomic<bool> is_doors_in_front = false;
+  WithPerson(
+      [&] {
+        const DoorsWindow login(DoorsWindow::kLogin, true);
+        SetForegroundWindow(login.Window());
+        is_doors_in_front = true;
+        for (const char16_t* title : {u"Box", u"Input"}) {
+          const Screen dialog(title);
+          EXPECT_EQ(GetWindow(dialog.Window(), GW_OWNER), host.Main());
+          EXPECT_EQ(host.Enabled(), "");
+          dialog.Key(VK_ESCAPE);
+        }
+      },
+      [&] {
+        while (!is_doors_in_front) desktop.PumpMessages();
+        EXPECT_EQ(GetActiveWindow(), nullptr);
+        desktop.Show({.Body = u"text", .Title = u"Box"});
+        desktop.AskText(u"Input", u"Which?");
+      });
+  EXPECT_EQ(host.Enabled(), "main pane second");
+}
+
+TEST_F(DialogTest, DialogsHaveTheMessageFontThatTheUserHasChosen) {
+  NONCLIENTMETRICSW chosen = {.cbSize = sizeof chosen};
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof chosen, &chosen, 0);
+  NONCLIENTMETRICSW other = chosen;
+  wcscpy(other.lfMessageFont.lfFaceName, L"Liberation Serif");
+  other.lfMessageFont.lfHeight = -20;
+  for (NONCLIENTMETRICSW* metrics : {&other, &chosen}) {
+    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof *metrics, metrics, 0);
+    WithPerson(
+        [&] {
+          const Screen box(u"Input");
+          LOGFONTW font = {};
+          GetObjectW(reinterpret_cast<HFONT>(box.Ask(ID_lblPrompt, WM_GETFONT)), sizeof font, &font);
+          EXPECT_STREQ(font.lfFaceName, metrics->lfMessageFont.lfFaceName);
+          EXPECT_EQ(font.lfHeight, metrics->lfMessageFont.lfHeight);
+          EXPECT_EQ(box.TextAt(ID_cmdCancel), u"Cancel") << "what follows the font is there";
+          box.Key(VK_ESCAPE);
+        },
+        [&] { desktop.AskText(u"Input", u"Which?"); });
   }
 }
 

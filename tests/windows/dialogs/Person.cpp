@@ -221,11 +221,19 @@ void Screen::ClickRow(int list_view_id, int row, int times) const {
   ClickAt(At(list_view_id), inside, times);
 }
 
-void Screen::Key(WORD key, WORD held) const {
-  if (held) SendKey(held, 0, 0);
+void Screen::Hold(WORD key) const {
   SendKey(key, 0, 0);
+}
+
+void Screen::Release(WORD key) const {
   SendKey(key, 0, KEYEVENTF_KEYUP);
-  if (held) SendKey(held, 0, KEYEVENTF_KEYUP);
+}
+
+void Screen::Key(WORD key, WORD held) const {
+  if (held) Hold(held);
+  Hold(key);
+  Release(key);
+  if (held) Release(held);
 }
 
 void Screen::Type(TextView text) const {

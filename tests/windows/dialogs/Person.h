@@ -43,6 +43,9 @@ class Screen {
   void Click(int id, int times = 1) const;
   void ClickLine(int list_id, int line, int times = 1) const;
   void ClickRow(int list_view_id, int row, int times = 1) const;
+  /// A key that stays down until it is let go.
+  void Hold(WORD key) const;
+  void Release(WORD key) const;
   /// A key alone, or while another is held: Key('M', VK_MENU) is Alt+M.
   void Key(WORD key, WORD held = 0) const;
   void Type(TextView text) const;
