@@ -18,17 +18,12 @@ struct DrawingEntry {
   std::uint64_t User;
 };
 constexpr int kEntries = 0x10000;
+constexpr std::uint8_t kFont = 10;
 constexpr std::size_t kPlaceInProcess = sizeof(void*) == 8 ? 0xF8 : 0x94;
 
-// Wine does not count by GetGuiResources; its table is the process's own.
-int CountDrawing() {
-  if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
-    return static_cast<int>(counted);
+const DrawingEntry* DrawingTable() {
   const auto* process = reinterpret_cast<const char*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-  const auto* entries = *reinterpret_cast<const DrawingEntry* const*>(process + kPlaceInProcess);
-  int count = 0;
-  for (int i = 0; i < kEntries; ++i) count += entries[i].Type != 0;
-  return count;
+  return *reinterpret_cast<const DrawingEntry* const*>(process + kPlaceInProcess);
 }
 
 }  // namespace
@@ -40,7 +35,10 @@ SystemObjects CountSystemObjects() {
     return TRUE;
   };
   EnumThreadWindows(GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&objects.Windows));
-  objects.Drawing = CountDrawing();
+  for (int i = 0; i < kEntries; ++i) {
+    objects.Drawing += DrawingTable()[i].Type != 0;
+    objects.Fonts += DrawingTable()[i].Type == kFont;
+  }
   return objects;
 }
 
