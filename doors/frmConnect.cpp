@@ -54,7 +54,7 @@ void frmConnect::Timer1_Tick() {
 
 // The object of a DOORS that went does not come to life again; a ready DOORS gives another without a dialog.
 bool frmConnect::IsConnected() {
-  if (!is_lost_) return true;
+  if (!is_lost_ && doors_.DoorsApp) return true;  // a host that lets go of the add-in takes it away
   return StateOf(FindDoorsWindow(doors_.platform().desktop)) == DoorsState::kReady && doors_.EnsureDoors();
 }
 

@@ -50,19 +50,6 @@ MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below) {
 DialogPeer::DialogPeer(Desktop& desktop, DialogSession& session, Form& form)
     : desktop_(desktop), session_(session), form_(form) {}
 
-void DialogSession::ShowWaiting(bool on) {
-  IsWaiting = on;
-  SetCursor(LoadCursorW(nullptr, on ? IDC_WAIT : IDC_ARROW));
-}
-
-NoWait::NoWait(DialogSession& session) : session_(session), was_waiting_(session.IsWaiting) {
-  if (was_waiting_) session_.ShowWaiting(false);
-}
-
-NoWait::~NoWait() {
-  if (was_waiting_) session_.ShowWaiting(true);
-}
-
 void DialogPeer::Run(HWND owner) {
   const DialogLook look;
   const NoWait no_wait(session_);
@@ -143,6 +130,7 @@ INT_PTR DialogPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void DialogPeer::OnInit() {
   session_.Open.push_back(dialog_);
+  focus_.SetDialog(dialog_);
   Bind();
   form_.Open(this);
   for (const auto& [control, peer] : peers_) {
@@ -158,8 +146,7 @@ void DialogPeer::OnInit() {
   SendMessageW(dialog_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
   PlaceOverOwner(dialog_);
   BringForward(dialog_);
-  is_opening_ = false;
-  FocusOn(first_focus_ ? first_focus_ : GetNextDlgTabItem(dialog_, nullptr, FALSE));
+  focus_.Begin();
 }
 
 void DialogPeer::Bind() {
@@ -185,19 +172,19 @@ void DialogPeer::OnCommand(int id, WORD code) {
   const HWND before = GetFocus();
   if (ControlPeer* peer = ReachablePeer(id)) peer->OnCommand(code);
   if (id == IDCANCEL && !controls_.contains(id)) form_.CloseByUser();
-  KeepFocusReachable(before);
+  if (form_.IsOpen()) focus_.Keep(before);
 }
 
 void DialogPeer::OnNotify(const NMHDR& notification) {
   const HWND before = GetFocus();
   if (ControlPeer* peer = ReachablePeer(static_cast<int>(notification.idFrom))) peer->OnNotify(notification);
-  KeepFocusReachable(before);
+  if (form_.IsOpen()) focus_.Keep(before);
 }
 
 void DialogPeer::OnTimer(std::size_t id) {
   const HWND before = GetFocus();
   if (id >= 1 && id <= timers_.size()) timers_[id - 1]->Fire();
-  KeepFocusReachable(before);
+  if (form_.IsOpen()) focus_.Keep(before);
 }
 
 // The Help button of a message box asks its owner, with the box's own topic.
@@ -231,23 +218,6 @@ void DialogPeer::Resized() {
   for (const auto& [control, peer] : peers_) peer->OnResized();
 }
 
-// A window that is hidden or disabled loses the focus to nobody, and the keyboard with it.
-void DialogPeer::KeepFocusReachable(HWND before) {
-  if (!form_.IsOpen() || is_opening_ || GetActiveWindow() != dialog_ || IsReachable(GetFocus())) return;
-  FocusOn(GetNextDlgTabItem(dialog_, IsChild(dialog_, before) ? before : nullptr, FALSE));
-}
-
-bool DialogPeer::IsReachable(HWND window) const {
-  if (!IsChild(dialog_, window)) return false;
-  for (; window != dialog_; window = GetParent(window))
-    if ((GetWindowLongW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) != WS_VISIBLE) return false;
-  return true;
-}
-
-void DialogPeer::FocusOn(HWND control) const {
-  if (control) SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
-}
-
 ControlPeer* DialogPeer::PeerOf(const Control& control) const {
   const auto found = peers_.find(&control);
   return found == peers_.end() ? nullptr : found->second.get();
@@ -277,12 +247,7 @@ void DialogPeer::Repaint(Control& control) {
 }
 
 void DialogPeer::SetFocus(Control& control) {
-  const ControlPeer* peer = PeerOf(control);
-  if (!peer) return;
-  if (is_opening_)
-    first_focus_ = peer->Window();
-  else
-    FocusOn(peer->Window());
+  if (const ControlPeer* peer = PeerOf(control)) focus_.GiveTo(peer->Window());
 }
 
 void DialogPeer::PopUp(Menu& menu, Control& below) {

@@ -7,31 +7,13 @@
 
 #include "platform/Desktop.h"
 #include "platform/windows/ControlPeer.h"
+#include "platform/windows/DialogFocus.h"
 #include "platform/windows/DialogLayout.h"
 #include "platform/windows/DialogLook.h"
+#include "platform/windows/DialogSession.h"
 #include "platform/windows/Modality.h"
 
 namespace kestrune {
-
-/// What the open dialogs share.
-struct DialogSession {
-  std::vector<HWND> Open;  // the innermost last
-  bool IsWaiting = false;  // shows the wait cursor
-  void ShowWaiting(bool on);
-};
-
-/// The wait cursor rests while a dialog waits for the user.
-class NoWait {
- public:
-  explicit NoWait(DialogSession& session);
-  ~NoWait();
-  NoWait(const NoWait&) = delete;
-  NoWait& operator=(const NoWait&) = delete;
-
- private:
-  DialogSession& session_;
-  bool was_waiting_;
-};
 
 class DialogPeer : public FormPeer {
  public:
@@ -64,10 +46,6 @@ class DialogPeer : public FormPeer {
   void Bind();
   void UpdateTimer(std::size_t index);
   void Resized();
-  /// `before` had the focus before the message came.
-  void KeepFocusReachable(HWND before);
-  bool IsReachable(HWND window) const;
-  void FocusOn(HWND control) const;
   ControlPeer* PeerOf(const Control& control) const;
   ControlPeer* ReachablePeer(int id) const;
 
@@ -83,8 +61,7 @@ class DialogPeer : public FormPeer {
   DialogFonts fonts_;
   std::optional<DialogLayout> layout_;  // of a sizable dialog
   std::optional<Modality> modality_;    // while it is shown
-  HWND first_focus_ = nullptr;          // what the form wants to have the focus when it opens
-  bool is_opening_ = true;
+  DialogFocus focus_;
   int messages_ = 0;  // under way, one within the other
 };
 

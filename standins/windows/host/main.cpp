@@ -15,6 +15,7 @@ namespace {
 
 struct Words {
   std::string script, model, package, doors, doors_program, workbench, log;
+  bool by_keyboard = false;
 };
 
 /// What befalls a DOORS that is a program of its own.
@@ -37,7 +38,8 @@ void Play(const Words& words) {
   Stage stage(host.Session(), host.Doors(), host.Screen(), ToPath(script).parent_path(), std::cout);
   auto commands = stage.Commands();
   for (play::Command& fault : FaultCommands(host.Doors())) commands.push_back(std::move(fault));
-  ScreenUser(std::cout, std::cerr).Play(ReadScript(script, commands), commands);
+  const Means& means = words.by_keyboard ? kKeyboard : kMouse;
+  ScreenUser(std::cout, std::cerr, {.By = means}).Play(ReadScript(script, commands), commands);
 }
 
 int Run(std::vector<std::string> args) {
@@ -53,6 +55,7 @@ int Run(std::vector<std::string> args) {
   play->add_option("--doors-program", words.doors_program,
                    "kestrune-doors.exe, if it is not beside this program");
   play->add_option("--workbench", words.workbench, "The native kestrune-workbench, for the command load");
+  play->add_flag("--keyboard", words.by_keyboard, "By a user who has no mouse");
   play->add_option("--doors-log", words.log, "The file for what scripts print in DOORS");
   try {
     std::reverse(args.begin(), args.end());

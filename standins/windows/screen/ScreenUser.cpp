@@ -167,7 +167,7 @@ void ScreenUser::Attend(HWND window) {
     ~Leave() { windows.pop_back(); }
     std::vector<InUse>& windows;
   };
-  WindowDialog dialog(window, settings_.Names, *this);
+  WindowDialog dialog(window, settings_.Names, settings_.By, *this);
   const HWND list = dialog.FindControl(settings_.PrintedList);
   in_use_.push_back({window, list ? std::make_shared<PrintedList>(list, out_) : nullptr});
   const Leave leave{in_use_};
@@ -181,7 +181,7 @@ void ScreenUser::AnswerBox(HWND box) {
   Look(PrintingAfter([&] { message = MessageIn(box); }));
   err_ << "[" << ForTerminal(message.Title) << "] " << ForTerminal(message.Body) << std::endl;
   const HWND button = ButtonOf(box, player_->Decide(message));
-  Do([button] { Press(button); });
+  Do([this, button] { settings_.By.Press(button); });
 }
 
 void ScreenUser::FillIn(WindowDialog& box) {

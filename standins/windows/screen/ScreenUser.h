@@ -25,6 +25,7 @@ class ScreenUser : private Hands {
 
   struct Settings {
     const DialogNames& Names = KestruneDialogNames();
+    const Means& By = kMouse;
     Text PrintedList = u"List1";  // its lines go to `out`, message boxes to `err`
     std::chrono::milliseconds Limit = std::chrono::seconds(60);
   };

@@ -34,8 +34,8 @@ bool IsOneOf(Kind kind, std::initializer_list<Kind> kinds) {
 
 }  // namespace
 
-WindowDialog::WindowDialog(HWND window, const DialogNames& names, Hands& hands)
-    : window_(window), names_(names), hands_(hands), controls_(ControlsOf(window)) {
+WindowDialog::WindowDialog(HWND window, const DialogNames& names, const Means& means, Hands& hands)
+    : window_(window), names_(names), means_(means), hands_(hands), controls_(ControlsOf(window)) {
   const auto has_control = [this](const auto& form) { return controls_.contains(form.first); };
   const auto found = std::find_if(names.Forms.begin(), names.Forms.end(), has_control);
   if (found == names.Forms.end()) return;
@@ -54,11 +54,12 @@ void WindowDialog::Do(const Statement& action) {
   if (verb == u"menu") return ChooseFromMenu(action);
   if (verb == u"close")
     return hands_.Do([window = window_] { SendMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0); });
-  if (verb == u"press") return hands_.Do([button = Reach(action, {Kind::kButton})] { Press(button); });
-  if (verb == u"drop") return hands_.Do([box = Reach(action, {Kind::kComboBox})] { Drop(box); });
+  if (verb == u"press")
+    return hands_.Do([this, button = Reach(action, {Kind::kButton})] { means_.Press(button); });
+  if (verb == u"drop") return hands_.Do([this, box = Reach(action, {Kind::kComboBox})] { means_.Drop(box); });
   if (verb == u"type") {
-    return hands_.Do([box = Reach(action, {Kind::kTextBox, Kind::kComboBox}), text = action.Texts[0]] {
-      Enter(box, text);
+    return hands_.Do([this, box = Reach(action, {Kind::kTextBox, Kind::kComboBox}), text = action.Texts[0]] {
+      means_.Enter(box, text);
     });
   }
   throw Refusal(u"no user of a dialog can " + verb);
@@ -95,14 +96,14 @@ void WindowDialog::Select(const Statement& action) {
   std::vector<std::size_t> lines;
   for (const Text& text : action.Texts) lines.push_back(play::PlaceOf(text, state, name));
   if (lines.size() > 1 && KindOf(control) != Kind::kTable) throw Refusal(name + u" takes one line");
-  hands_.Do([=] { SelectLines(control, lines); });
+  hands_.Do([=, this] { means_.SelectLines(control, lines); });
 }
 
 void WindowDialog::DoubleClick(const Statement& action) {
   const Text& name = action.Names[0];
   const HWND control = Reach(action, {Kind::kListBox, Kind::kTable});
   const std::size_t line = play::PlaceOf(action.Texts[0], Look(name), name);
-  hands_.Do([=] { DoubleClickLine(control, line); });
+  hands_.Do([=, this] { means_.DoubleClickLine(control, line); });
 }
 
 void WindowDialog::ChooseFromMenu(const Statement& action) {

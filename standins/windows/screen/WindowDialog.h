@@ -7,13 +7,14 @@
 #include "standins/play/Dialog.h"
 #include "standins/windows/screen/DialogNames.h"
 #include "standins/windows/screen/Hands.h"
+#include "standins/windows/screen/Means.h"
 #include "standins/windows/screen/WindowControls.h"
 
 namespace kestrune::standins {
 
 class WindowDialog : public play::Dialog {
  public:
-  WindowDialog(HWND window, const DialogNames& names, Hands& hands);
+  WindowDialog(HWND window, const DialogNames& names, const Means& means, Hands& hands);
 
   const Text& Name() const override { return name_; }
   Text Caption() const override;
@@ -37,6 +38,7 @@ class WindowDialog : public play::Dialog {
 
   HWND window_;
   const DialogNames& names_;
+  const Means& means_;
   Hands& hands_;
   std::map<Text, HWND> controls_;
   Text name_ = u"a window";

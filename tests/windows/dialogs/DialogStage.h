@@ -13,6 +13,7 @@
 #include "platform/windows/Win32Desktop.h"
 #include "standins/desktop/FixedFolders.h"
 #include "tests/options/SimulatedPackage.h"
+#include "tests/windows/dialogs/DoorsWindow.h"
 #include "tests/windows/dialogs/Person.h"
 
 namespace kestrune::testing {
@@ -47,23 +48,6 @@ class PreparedDoors : public StandInObject<PreparedDoors> {
 
  private:
   Text result_;
-};
-
-/// A window as DOORS has it.
-class DoorsWindow {
- public:
-  static constexpr DWORD kStartUp = WS_POPUP | WS_CLIPSIBLINGS;
-  static constexpr DWORD kLogin = kStartUp | WS_CAPTION | WS_SYSMENU;
-  static constexpr DWORD kMain = WS_OVERLAPPEDWINDOW | WS_CLIPSIBLINGS;
-
-  DoorsWindow(DWORD style, bool is_visible);
-  ~DoorsWindow() { DestroyWindow(window_); }
-  DoorsWindow(const DoorsWindow&) = delete;
-  DoorsWindow& operator=(const DoorsWindow&) = delete;
-  HWND Window() const { return window_; }
-
- private:
-  HWND window_;
 };
 
 struct DialogStage : private ObjectFactory {

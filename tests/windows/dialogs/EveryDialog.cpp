@@ -1,6 +1,7 @@
 #include "tests/windows/dialogs/EveryDialog.h"
 
 #include "addin/frmAbout.h"
+#include "common/LinkFile.h"
 #include "doors/frmConnect.h"
 #include "doors/frmConnectProgress.h"
 #include "import/frmImport.h"

@@ -121,6 +121,16 @@ const ConnectCase kConnectCases[] = {
        box.Key(VK_RETURN);
      },
      u"/Größe/Maße €"},
+    {"ManualByKeyboard",
+     [](const Screen& connect) {
+       connect.Key(VK_TAB);
+       connect.Key(VK_SPACE);
+       const Screen box(u"Manual DOORS Connection");
+       box.Type(u"/A");
+       box.Key(VK_TAB);
+       box.Key(VK_SPACE);
+     },
+     u"/A"},
     {"ManualGivenUp",
      [](const Screen& connect) {
        connect.Click(ID_cmdManual);

@@ -118,7 +118,7 @@ TEST_F(frmOptionsTest, TheButtonsFollowTheSelection) {
 TEST_F(frmOptionsTest, TheMenuCopiesAndPastes) {
   Edit({u"A --> Name", u"B"}, [this](const Screen& options) {
     const auto choose = [&](WORD key) {
-      options.Click(ID_cmdMappings);
+      options.Key('P', VK_MENU);
       options.Await("the menu", [] { return FindWindowW(L"#32768", nullptr) != nullptr; });
       options.Key(key);
       options.Await("the menu's closing", [] { return FindWindowW(L"#32768", nullptr) == nullptr; });
@@ -132,7 +132,7 @@ TEST_F(frmOptionsTest, TheMenuCopiesAndPastes) {
     options.Await("the pasted rule",
                   [&] { return Cell(options, 0, 1) == u"Name" || Cell(options, 1, 1) == u"Name"; });
     choose(VK_ESCAPE);
-    options.Click(ID_cmdSaveAndImport);
+    options.Key('S', VK_MENU);
   });
   EXPECT_NE(desktop.ClipboardText().find(u"A --> Name"), Text::npos);
 }

@@ -20,7 +20,8 @@ class ScreenTest : public ::testing::Test {
  protected:
   /// What went wrong; "" when the script was played to its end.
   std::string Play(const Text& source, std::chrono::milliseconds limit = std::chrono::seconds(20)) {
-    ScreenUser user(out_, err_, {.Names = kSampleNames, .PrintedList = u"lst", .Limit = limit});
+    ScreenUser user(out_, err_,
+                    {.Names = kSampleNames, .By = *means_, .PrintedList = u"lst", .Limit = limit});
     auto commands = play::SampleCommands(desktop_, completed_);
     for (const Command& command : more_commands_) commands.push_back(command);
     std::vector<Text> forms;
@@ -37,12 +38,20 @@ class ScreenTest : public ::testing::Test {
   std::vector<Command> more_commands_;
   std::ostringstream out_, err_;
   bool completed_ = false;
+  const Means* means_ = &kMouse;
 };
 
 TEST_F(ScreenTest, PlaysEveryStatement) {
   for (const auto& [name, script] : play::kPlays)
     EXPECT_EQ(Play(u"ask\nanswer OK \"Hello\"\n" + (*script ? u"open\n" + Text(script) : Text())), "")
         << name;
+}
+
+TEST_F(ScreenTest, AUserWithoutAMouseComesToTheSameEnd) {
+  means_ = &kKeyboard;
+  EXPECT_EQ(Play(u"open\nform frmSample\nselect lst \"b\"\nexpect lst selected \"b\"\ntype txt \"x y\"\n"
+                 u"expect txt \"x y\"\npress cmdInner\nform frmSample\nclose\nclose"),
+            "");
 }
 
 TEST_F(ScreenTest, TheFirstDepartureFromTheScriptEndsThePlay) {
