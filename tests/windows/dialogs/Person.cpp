@@ -26,7 +26,7 @@ Text TitleOf(HWND window) {
   return Text(FromWide({title, static_cast<std::size_t>(InternalGetWindowText(window, title, 200))}));
 }
 
-/// The titles of the windows that the process still shows.
+/// The titles of the windows that the process still shows, and what a message box says.
 Text OpenTitles() {
   Text titles;
   EnumWindows(
@@ -34,7 +34,10 @@ Text OpenTitles() {
         DWORD process = 0;
         GetWindowThreadProcessId(window, &process);
         const bool is_ours = process == GetCurrentProcessId() && IsWindowVisible(window);
-        if (is_ours) *reinterpret_cast<Text*>(parameter) += u"[" + TitleOf(window) + u"]";
+        const HWND said = GetDlgItem(window, 0xFFFF);
+        if (is_ours)
+          *reinterpret_cast<Text*>(parameter) +=
+              u"[" + TitleOf(window) + (said ? u": " + TitleOf(said) : Text()) + u"]";
         return TRUE;
       },
       reinterpret_cast<LPARAM>(&titles));
