@@ -43,8 +43,8 @@ class ComOrimDoors : public Counted<_OrimDoors, ISupportErrorInfo> {
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
  private:
-  /// Runs `work`, which no exception leaves; object and module stay until it returns. The host is answered what
-  /// `work` returns; nothing; what is put to `place`, which a failure leaves empty.
+  /// Runs `work`, which no exception leaves; object and module stay until it returns. The host is answered
+  /// what `work` returns; nothing; what is put to `place`, which a failure leaves empty.
   template <typename Work>
   HRESULT Held(Work work);
   template <typename Work>

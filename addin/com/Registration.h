@@ -8,8 +8,8 @@ namespace kestrune {
 enum class Audience { kUser, kMachine };
 
 /// Writes it all, or nothing: what was written before a failure is taken away again. The machine's part of
-/// the registry takes an administrator, the user's own does not; what the same user has registered for himself
-/// makes way for it. Throws AutomationError.
+/// the registry takes an administrator, the user's own does not; what the same user has registered for
+/// himself makes way for it. Throws AutomationError.
 void Register(Audience audience);
 
 /// Removes all that Register writes, as far as it is there. Throws AutomationError when something resists,

@@ -24,7 +24,7 @@ constexpr int kIcon = 101;
 void BringForward(HWND dialog) {
   SetForegroundWindow(dialog);
   if (GetForegroundWindow() == dialog) return;
-  // The system lets only the program in front say who is next. Above the others the dialog stands all the same.
+  // The system lets only the program in front say who is next. Above the others the dialog stands even so.
   for (const HWND place : {HWND_TOPMOST, HWND_NOTOPMOST})
     SetWindowPos(dialog, place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }

@@ -23,9 +23,9 @@ struct Means {
 
 extern const Means kMouse;
 
-/// Keys go to whatever has the focus, as the message loop of the dialog gives them to it. Throws play::Refusal
-/// where nothing has the focus and where Tab does not reach the control. In place of a double click on a line
-/// of a list box Enter presses the default button; a table has no such key.
+/// Keys go to whatever has the focus, as the message loop of the dialog gives them to it. Throws
+/// play::Refusal where nothing has the focus and where Tab does not reach the control. In place of a double
+/// click on a line of a list box Enter presses the default button; a table has no such key.
 extern const Means kKeyboard;
 
 }  // namespace kestrune::standins

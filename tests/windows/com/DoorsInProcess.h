@@ -1,5 +1,5 @@
-// A DOORS that is ready, in this process: a main window, and the class "Doors.Application", whose objects answer
-// each script with one module.
+// A DOORS that is ready, in this process: a main window, and the class "Doors.Application", whose objects
+// answer each script with one module.
 #pragma once
 
 #include "tests/windows/dialogs/DoorsWindow.h"
