@@ -110,8 +110,7 @@ TEST_F(DialogTest, DuringACallbackDialogsBelongToTheHostWhateverIsActive) {
         }
       },
       [&] {
-        while (!is_doors_in_front) desktop.PumpMessages();
-        EXPECT_EQ(GetActiveWindow(), nullptr);
+        while (!is_doors_in_front || GetActiveWindow()) desktop.PumpMessages();
         desktop.Show({.Body = u"text", .Title = u"Box"});
         desktop.AskText(u"Input", u"Which?");
       });
