@@ -1,8 +1,9 @@
 #!/bin/sh
 # Sees to it that what the build needs is installed: installs what is missing when run as root, else says what to install.
-#   setup.sh            for the native build
-#   setup.sh windows    for Kestrune.dll and its tests under Wine
-#   setup.sh checks     for the checks on the source
+#   setup.sh              for the native build
+#   setup.sh windows      for Kestrune.dll and its tests under Wine
+#   setup.sh windows-x86  for the 32-bit Debian that runs the i686 Kestrune.dll
+#   setup.sh checks       for the checks on the source
 set -eu
 
 case "${1-native}" in
@@ -11,8 +12,9 @@ libutfcpp-dev libgtest-dev libbenchmark-dev" ;;
   windows) packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine wine64
 fonts-wine fonts-liberation googletest xvfb imagemagick"
     command -v npm >/dev/null || packages="$packages npm" ;;  # for the source of SQLite
+  windows-x86) packages="mmdebstrap arch-test" ;;
   checks) packages="clang-format clang-tidy" ;;
-  *) sed -n '2,5s/^# //p' "$0" >&2; exit 2 ;;
+  *) sed -n '2,6s/^# //p' "$0" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -15,7 +15,9 @@ constexpr const char16_t* kClasses = u"Software\\Classes\\";
 constexpr const char16_t* kTitle = u"Kestrune Link";
 constexpr const char16_t* kProgId = u"Kestrune.OrimDoors";
 constexpr const char16_t* kLibraryVersion = u"1.0";
-constexpr const char16_t* kLibraryKind = sizeof(void*) == 8 ? u"win64" : u"win32";
+constexpr bool kIs64Bit = sizeof(void*) == 8;
+constexpr const char16_t* kKind = kIs64Bit ? u"win64" : u"win32";
+constexpr const char16_t* kOtherKind = kIs64Bit ? u"win32" : u"win64";
 constexpr const char16_t* kLibraryMarshaler = u"{00020424-0000-0000-C000-000000000046}";  // the system's
 
 /// A value of the registry; no name means the key's own value.
@@ -31,19 +33,22 @@ Text Braced(REFGUID guid) {
   return Text(FromWide(text));
 }
 
-/// The keys that are the add-in's own, with all below them.
+/// The keys that are the add-in's own, with all below them. A machine may have the 64-bit and the 32-bit
+/// add-in: each has a Class and an Interface of its own, as the system keeps these apart, while they share
+/// ProgId and Library, in which each has the key of its kind.
 struct Keys {
   Text ProgId = Text(kClasses) + kProgId;
   Text Class = Text(kClasses) + u"CLSID\\" + Braced(__uuidof(::OrimDoors));
   Text Library = Text(kClasses) + u"TypeLib\\" + Braced(LIBID_Kestrune);
+  Text LibraryVersion = Library + u"\\" + kLibraryVersion;
   Text Interface = Text(kClasses) + u"Interface\\" + Braced(__uuidof(_OrimDoors));
+  Text LibraryOf(const char16_t* kind) const { return LibraryVersion + u"\\0\\" + kind; }
 };
 
 // Not by RegisterTypeLib: its sibling for the user alone writes for the machine on some systems.
 std::vector<Entry> Entries(const Keys& keys) {
   const Text file = ThisModulePath();
   const Text library_id = Braced(LIBID_Kestrune);
-  const Text version_key = keys.Library + u"\\" + kLibraryVersion;
   return {
       {keys.ProgId, u"", kTitle},
       {keys.ProgId + u"\\CLSID", u"", Braced(__uuidof(::OrimDoors))},
@@ -52,9 +57,9 @@ std::vector<Entry> Entries(const Keys& keys) {
       {keys.Class + u"\\TypeLib", u"", library_id},
       {keys.Class + u"\\InprocServer32", u"", file},
       {keys.Class + u"\\InprocServer32", u"ThreadingModel", u"Apartment"},
-      {version_key, u"", kTitle},
-      {version_key + u"\\0\\" + kLibraryKind, u"", file},
-      {version_key + u"\\FLAGS", u"", u"0"},
+      {keys.LibraryVersion, u"", kTitle},
+      {keys.LibraryOf(kKind), u"", file},
+      {keys.LibraryVersion + u"\\FLAGS", u"", u"0"},
       {keys.Interface, u"", u"_OrimDoors"},
       {keys.Interface + u"\\ProxyStubClsid32", u"", kLibraryMarshaler},
       {keys.Interface + u"\\TypeLib", u"", library_id},
@@ -75,11 +80,25 @@ void Write(HKEY root, const Entry& entry) {
   RequireStatus(RegSetKeyValueW(root, Wide(entry.Key), Wide(entry.Name), REG_SZ, Wide(entry.Value), size));
 }
 
-/// Removes all that is there, whatever resists; returns the last failure.
+bool IsThere(HKEY root, const Text& key) {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(root, Wide(key), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+  RegCloseKey(opened);
+  return true;
+}
+
+/// Removes what is there but what the add-in of the other kind needs, whatever resists; returns the last
+/// failure.
 LSTATUS RemoveAll(HKEY root, const Keys& keys) {
+  std::vector<Text> own = {keys.Class, keys.Interface};
+  if (IsThere(root, keys.LibraryOf(kOtherKind))) {
+    own.push_back(keys.LibraryOf(kKind));
+  } else {
+    own.insert(own.end(), {keys.ProgId, keys.Library});
+  }
   LSTATUS failure = ERROR_SUCCESS;
-  for (const Text* key : {&keys.ProgId, &keys.Class, &keys.Library, &keys.Interface}) {
-    const LSTATUS status = RegDeleteTreeW(root, Wide(*key));
+  for (const Text& key : own) {
+    const LSTATUS status = RegDeleteTreeW(root, Wide(key));
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) failure = status;
   }
   return failure;
@@ -91,6 +110,8 @@ void Register(Audience audience) {
   const Keys keys;
   try {
     for (const Entry& entry : Entries(keys)) Write(RootFor(audience), entry);
+    // What the user alone had registered would go before what the machine now has.
+    if (audience == Audience::kMachine) RequireStatus(RemoveAll(RootFor(Audience::kUser), keys));
   } catch (...) {
     RemoveAll(RootFor(audience), keys);
     throw;

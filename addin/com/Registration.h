@@ -12,8 +12,8 @@ enum class Audience { kUser, kMachine };
 /// himself makes way for it. Throws AutomationError.
 void Register(Audience audience);
 
-/// Removes all that Register writes, as far as it is there. Throws AutomationError when something resists,
-/// after removing the rest.
+/// Removes all that Register writes, as far as it is there and the add-in of the other bitness does not need
+/// it. Throws AutomationError when something resists, after removing the rest.
 void Unregister(Audience audience);
 
 }  // namespace kestrune

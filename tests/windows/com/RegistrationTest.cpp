@@ -2,6 +2,7 @@
 #include <Kestrune_i.c>
 #include <gtest/gtest.h>
 
+#include "platform/com/ComText.h"
 #include "tests/windows/com/DllUnderTest.h"
 #include "tests/windows/com/RegistryTree.h"
 
@@ -13,6 +14,8 @@ constexpr const wchar_t* kClassKey = L"Software\\Classes\\CLSID\\{BA85A3AB-7716-
 constexpr const wchar_t* kLibraryKey = L"Software\\Classes\\TypeLib\\{86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}";
 constexpr const wchar_t* kInterfaceKey =
     L"Software\\Classes\\Interface\\{A6CA57E3-F049-488E-8BBC-7CD2EF92E212}";
+constexpr const wchar_t* kKind = sizeof(void*) == 8 ? L"win64" : L"win32";
+constexpr const wchar_t* kOtherKind = sizeof(void*) == 8 ? L"win32" : L"win64";
 constexpr const wchar_t* kKeys[] = {kProgIdKey, kClassKey, kLibraryKey, kInterfaceKey};
 
 std::vector<std::string> Lines(std::vector<std::string> lines) {
@@ -31,8 +34,10 @@ class RegistrationTest : public ::testing::Test {
               Lines({" = Kestrune Link", "\\InprocServer32 = " + ToUtf8(DllPath()),
                      "\\InprocServer32 ThreadingModel = Apartment", "\\ProgID = Kestrune.OrimDoors",
                      "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}"}));
-    EXPECT_EQ(TreeAt(root, kLibraryKey),
-              Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\win64 = " + ToUtf8(DllPath()), "\\1.0\\FLAGS = 0"}));
+    EXPECT_EQ(
+        TreeAt(root, kLibraryKey),
+        Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\" + ToUtf8(FromWide(kKind)) + " = " + ToUtf8(DllPath()),
+               "\\1.0\\FLAGS = 0"}));
     EXPECT_EQ(TreeAt(root, kInterfaceKey),
               Lines({" = _OrimDoors", "\\ProxyStubClsid32 = {00020424-0000-0000-C000-000000000046}",
                      "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}", "\\TypeLib Version = 1.0"}));
@@ -113,6 +118,32 @@ TEST_F(RegistrationTest, AFailureHalfWayLeavesNothingBehind) {
               HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
     ExpectNothing(root);
   }
+}
+
+TEST_F(RegistrationTest, WhatTheAddInOfTheOtherBitnessNeedsStays) {
+  const std::wstring kinds = kLibraryKey + std::wstring(L"\\1.0\\0\\");
+  for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+    const wchar_t* audience = root == HKEY_LOCAL_MACHINE ? L"machine" : L"user";
+    EXPECT_EQ(Install(TRUE, audience), S_OK);
+    const auto program_id = TreeAt(root, kProgIdKey);
+    RegSetKeyValueW(root, (kinds + kOtherKind).c_str(), L"", REG_SZ, L"X", 2 * sizeof(wchar_t));
+    EXPECT_EQ(Install(FALSE, audience), S_OK);
+    EXPECT_EQ(TreeAt(root, kProgIdKey), program_id);
+    EXPECT_EQ(TreeAt(root, kLibraryKey),
+              Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\" + ToUtf8(FromWide(kOtherKind)) + " = X",
+                     "\\1.0\\FLAGS = 0"}));
+    EXPECT_EQ(TreeAt(root, kClassKey), Lines({"no such key"}));
+    RegDeleteTreeW(root, (kinds + kOtherKind).c_str());
+    EXPECT_EQ(Install(FALSE, audience), S_OK);
+    ExpectNothing(root);
+  }
+}
+
+TEST_F(RegistrationTest, OnceTheMachineHasItTheUsersOwnIsGone) {
+  EXPECT_EQ(Install(TRUE, L"user"), S_OK);
+  EXPECT_EQ(Install(TRUE, L"machine"), S_OK);
+  ExpectRegistered(HKEY_LOCAL_MACHINE);
+  ExpectNothing(HKEY_CURRENT_USER);
 }
 
 TEST_F(RegistrationTest, AnUnknownAudienceIsRefused) {

@@ -26,21 +26,20 @@ Text TitleOf(HWND window) {
   return Text(FromWide({title, static_cast<std::size_t>(InternalGetWindowText(window, title, 200))}));
 }
 
+BOOL CALLBACK AddTitle(HWND window, LPARAM titles) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  const bool is_ours = process == GetCurrentProcessId() && IsWindowVisible(window);
+  const HWND said = GetDlgItem(window, 0xFFFF);
+  if (is_ours)
+    *reinterpret_cast<Text*>(titles) += u"[" + TitleOf(window) + (said ? u": " + TitleOf(said) : Text()) + u"]";
+  return TRUE;
+}
+
 /// The titles of the windows that the process still shows, and what a message box says.
 Text OpenTitles() {
   Text titles;
-  EnumWindows(
-      [](HWND window, LPARAM parameter) -> BOOL {
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        const bool is_ours = process == GetCurrentProcessId() && IsWindowVisible(window);
-        const HWND said = GetDlgItem(window, 0xFFFF);
-        if (is_ours)
-          *reinterpret_cast<Text*>(parameter) +=
-              u"[" + TitleOf(window) + (said ? u": " + TitleOf(said) : Text()) + u"]";
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&titles));
+  EnumWindows(AddTitle, reinterpret_cast<LPARAM>(&titles));
   return titles;
 }
 
