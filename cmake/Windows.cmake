@@ -10,9 +10,11 @@ include_directories(SYSTEM ${PROJECT_BINARY_DIR}/include)
 
 kestrune_add_in_rooms(ole32 oleaut32 uuid advapi32 shell32 comctl32 gdi32 user32)
 include(cmake/KestruneDll.cmake)
+include(cmake/Help.cmake)
 include(cmake/WindowsStandIns.cmake)
 
 include(cmake/Screen.cmake)
 include(cmake/WindowsTests.cmake)
 add_subdirectory(tests/standins/windows/screen)
 add_subdirectory(tests/windows/sessions)
+add_subdirectory(tests/windows/setup)

@@ -10,5 +10,6 @@ endfunction()
 
 add_subdirectory(tests/windows/com)
 add_subdirectory(tests/windows/dialogs)
+add_subdirectory(tests/windows/help)
 add_subdirectory(tests/windows/portable)
 add_subdirectory(tests/standins/windows/processes)

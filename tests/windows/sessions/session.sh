@@ -1,13 +1,16 @@
 #!/bin/sh
 # Plays a session on the Windows build, in the Wine session that it is started in, and holds it to the native build:
-#   session.sh [--faults] [--keyboard] BUILD WORKBENCH REQIF SCRIPT [MODULE]
+#   session.sh [--installed] [--faults] [--keyboard] BUILD WORKBENCH REQIF SCRIPT [MODULE]
 # BUILD is the Windows build's folder, WORKBENCH the native kestrune-workbench; DOORS has the file REQIF loaded at /Demo.
 # The lines shown must be those of SCRIPT's file .out or, where there is none, of the native build; both must leave the
-# same model. With --keyboard, the user has no mouse. With --faults, for what befalls a DOORS in another process, the Windows build is held to .out alone. Given
-# MODULE, from which the script imports at last, an import by the native build must find nothing to change after it.
+# same model. With --keyboard, the user has no mouse. With --faults, for what befalls a DOORS in another process, the
+# Windows build is held to .out alone. Given MODULE, from which the script imports at last, an import by the native build
+# must find nothing to change after it. With --installed, the add-in is the one that the setup has registered, else that
+# of BUILD.
 set -eu
 
-faults= keyboard=
+faults= keyboard= installed=
+[ "$1" != --installed ] || { installed=1; shift; }
 [ "$1" != --faults ] || { faults=1; shift; }
 [ "$1" != --keyboard ] || { keyboard=--keyboard; shift; }
 build=$1 workbench=$2 reqif=$3 script=$4 module=${5-}
@@ -42,7 +45,7 @@ play_native() {
 
 play_on_windows() {
   cd "$work/windows"
-  wine regsvr32 /s /n /i:machine "Z:$build/Kestrune.dll"
+  [ -n "$installed" ] || wine regsvr32 /s /n /i:machine "Z:$build/Kestrune.dll"
   run wine "$build/kestrune-host.exe" play "Z:$script" --model "Z:$PWD/model" --doors "Z:$PWD/doors" \
     --package Requirements --workbench "$workbench" --doors-log "Z:$PWD/log" $keyboard
 }

@@ -1,0 +1,61 @@
+// What a user of the setup does besides starting it:
+//   setup-user press PROGRAM [ARGUMENT]   starts PROGRAM and presses the button OK (Next, Install, Close) of
+//   its windows until
+//                                         it ends; its exit status is this one's
+//   setup-user hold DLL FILE              has DLL loaded, and makes FILE to say so, until FILE is removed
+#include <cstdio>
+#include <string>
+#include <windows.h>
+
+namespace {
+
+constexpr DWORD kPause = 50;         // ms
+constexpr DWORD kLimit = 60 * 1000;  // ms
+
+/// Presses where it is enabled: a page that works disables its button. A window's process may be a copy of
+/// the program's.
+BOOL CALLBACK PressOk(HWND window, LPARAM) {
+  wchar_t name[16] = L"";
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  const HWND button = GetDlgItem(window, IDOK);
+  if (std::wstring(name) == L"#32770" && button && IsWindowVisible(window) && IsWindowEnabled(button))
+    PostMessageW(window, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(button));
+  return TRUE;
+}
+
+int Press(const std::wstring& program, const std::wstring& argument) {
+  std::wstring command = L"\"" + program + L"\" " + argument;
+  STARTUPINFOW startup = {.cb = sizeof startup};
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &process))
+    return 9;
+  for (DWORD waited = 0; WaitForSingleObject(process.hProcess, kPause) == WAIT_TIMEOUT; waited += kPause) {
+    if (waited > kLimit) return 8;
+    EnumWindows(PressOk, 0);
+  }
+  DWORD status = 7;
+  GetExitCodeProcess(process.hProcess, &status);
+  return static_cast<int>(status);
+}
+
+int Hold(const wchar_t* dll, const wchar_t* file) {
+  if (!LoadLibraryW(dll)) return 9;
+  const HANDLE sign = CreateFileW(file, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+  if (sign == INVALID_HANDLE_VALUE) return 8;
+  CloseHandle(sign);
+  for (DWORD waited = 0; GetFileAttributesW(file) != INVALID_FILE_ATTRIBUTES && waited < kLimit;
+       waited += kPause)
+    Sleep(kPause);
+  return 0;
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+  const std::wstring what = argc > 2 ? argv[1] : L"";
+  if (what == L"press") return Press(argv[2], argc > 3 ? argv[3] : L"");
+  if (what == L"hold" && argc == 4) return Hold(argv[2], argv[3]);
+  std::fputs("setup-user press PROGRAM [ARGUMENT] | hold DLL FILE\n", stderr);
+  return 2;
+}
