@@ -140,6 +140,15 @@ Function .onInit
       Call Refuse
     ${EndIf}
   ${EndIf}
+  ; A folder that cannot be, such as one below a file, has been dropped silently.
+  System::Call 'kernel32::GetCommandLine() t .r0'
+  ClearErrors
+  ${GetOptions} $0 "/D=" $1
+  ${IfNot} ${Errors}
+  ${AndIf} $INSTDIR == ""
+    StrCpy $Reason "The folder $1 cannot be made. Choose another one. Nothing was changed."
+    Call Refuse
+  ${EndIf}
   ${If} $INSTDIR == ""
     ReadRegStr $INSTDIR SHCTX "${ENTRY}" InstallLocation
   ${EndIf}

@@ -23,26 +23,26 @@ void AddValues(HKEY key, const std::string& path, std::vector<std::string>& line
   }
 }
 
-void AddTree(HKEY key, const std::string& path, std::vector<std::string>& lines) {
+void AddTree(HKEY key, const std::string& path, REGSAM view, std::vector<std::string>& lines) {
   AddValues(key, path, lines);
   for (DWORD i = 0;; ++i) {
     wchar_t name[kLongest] = L"";
     DWORD length = kLongest;
     HKEY child = nullptr;
     if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr)) return;
-    if (RegOpenKeyExW(key, name, 0, KEY_READ, &child)) continue;
-    AddTree(child, path + "\\" + ToUtf8(FromWide(name)), lines);
+    if (RegOpenKeyExW(key, name, 0, KEY_READ | view, &child)) continue;
+    AddTree(child, path + "\\" + ToUtf8(FromWide(name)), view, lines);
     RegCloseKey(child);
   }
 }
 
 }  // namespace
 
-std::vector<std::string> TreeAt(HKEY root, const wchar_t* key) {
+std::vector<std::string> TreeAt(HKEY root, const wchar_t* key, REGSAM view) {
   HKEY opened = nullptr;
-  if (RegOpenKeyExW(root, key, 0, KEY_READ, &opened)) return {"no such key"};
+  if (RegOpenKeyExW(root, key, 0, KEY_READ | view, &opened)) return {"no such key"};
   std::vector<std::string> lines;
-  AddTree(opened, "", lines);
+  AddTree(opened, "", view, lines);
   RegCloseKey(opened);
   std::sort(lines.begin(), lines.end());
   return lines;

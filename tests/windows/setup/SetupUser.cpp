@@ -2,10 +2,15 @@
 //   setup-user press PROGRAM [ARGUMENT]   starts PROGRAM and presses the button OK (Next, Install, Close) of
 //   its windows until
 //                                         it ends; its exit status is this one's
+//   setup-user registry                   prints what the registry says of the add-in, to the user and to the
+//   machine, as
+//                                         64-bit and 32-bit programs see it
 //   setup-user hold DLL FILE              has DLL loaded, and makes FILE to say so, until FILE is removed
 #include <cstdio>
 #include <string>
 #include <windows.h>
+
+#include "tests/windows/com/RegistryTree.h"
 
 namespace {
 
@@ -50,12 +55,31 @@ int Hold(const wchar_t* dll, const wchar_t* file) {
   return 0;
 }
 
+int PrintRegistry() {
+  const std::pair<const char*, HKEY> roots[] = {{"HKLM", HKEY_LOCAL_MACHINE}, {"HKCU", HKEY_CURRENT_USER}};
+  const std::pair<const char*, REGSAM> views[] = {{"64", KEY_WOW64_64KEY}, {"32", KEY_WOW64_32KEY}};
+  const std::pair<const char*, const wchar_t*> keys[] = {
+      {"ProgID", L"Software\\Classes\\Kestrune.OrimDoors"},
+      {"Class", L"Software\\Classes\\CLSID\\{BA85A3AB-7716-4C90-B8D4-994A5DB694E3}"},
+      {"Library", L"Software\\Classes\\TypeLib\\{86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}"},
+      {"Interface", L"Software\\Classes\\Interface\\{A6CA57E3-F049-488E-8BBC-7CD2EF92E212}"},
+      {"Entry", L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\KestruneLink"}};
+  for (const auto& [root_name, root] : roots)
+    for (const auto& [view_name, view] : views)
+      for (const auto& [key_name, key] : keys)
+        for (const std::string& line : kestrune::testing::TreeAt(root, key, view))
+          if (line != "no such key")
+            std::printf("%s %s %s%s\n", root_name, view_name, key_name, line.c_str());
+  return 0;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
-  const std::wstring what = argc > 2 ? argv[1] : L"";
-  if (what == L"press") return Press(argv[2], argc > 3 ? argv[3] : L"");
+  const std::wstring what = argc > 1 ? argv[1] : L"";
+  if (what == L"registry") return PrintRegistry();
+  if (what == L"press" && argc > 2) return Press(argv[2], argc > 3 ? argv[3] : L"");
   if (what == L"hold" && argc == 4) return Hold(argv[2], argv[3]);
-  std::fputs("setup-user press PROGRAM [ARGUMENT] | hold DLL FILE\n", stderr);
+  std::fputs("setup-user registry | press PROGRAM [ARGUMENT] | hold DLL FILE\n", stderr);
   return 2;
 }
