@@ -1,6 +1,6 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-windows test-windows-x86 dll screenshots bench tidy format format-check clean setup \
+.PHONY: demo test test-native test-asan test-windows test-windows-x86 dll release screenshots bench tidy format format-check clean setup \
 	setup-windows setup-checks
 
 demo: build/release/kestrune-workbench
@@ -34,6 +34,8 @@ test-windows: setup setup-windows
 test-windows-x86: setup setup-windows
 	cmake --preset debug
 	cmake --build --preset debug --target kestrune-workbench
+	cmake --preset windows
+	cmake --build --preset windows --target Kestrune
 	@if scripts/debian-i386.sh; then scripts/windows-tests.sh build/windows-x86; else \
 	  echo '*** NOT RUN: the tests of the i686 build. The 32-bit Debian cannot be set up. ***' >&2; fi
 
@@ -43,6 +45,10 @@ dll: setup setup-windows
 	cmake --build --preset windows --target Kestrune
 	cmake --preset windows-x86
 	cmake --build --preset windows-x86 --target Kestrune
+
+# What users get, into build/release-<version>: the same bytes from the same commit.
+release: setup setup-windows
+	scripts/release.sh
 
 # The pictures of all dialogs in docs/images.
 screenshots: setup setup-windows

@@ -7,7 +7,9 @@ find_path(STDOLE_DIR stdole2.tlb PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-win
           NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 set(idl ${PROJECT_SOURCE_DIR}/addin/com/Kestrune.idl)
 set(KESTRUNE_GENERATED ${PROJECT_BINARY_DIR}/generated)
-set(widl ${KESTRUNE_ARCH}-w64-mingw32-widl -I${IDL_DIR})
+# widl writes the time of its run into the type library, where the same sources must give the same bytes.
+find_program(FAKETIME faketime REQUIRED)
+set(widl ${CMAKE_COMMAND} -E env TZ=UTC ${FAKETIME} -f "2000-01-01 00:00:00" ${KESTRUNE_ARCH}-w64-mingw32-widl -I${IDL_DIR})
 file(MAKE_DIRECTORY ${KESTRUNE_GENERATED})
 add_custom_command(
   OUTPUT ${KESTRUNE_GENERATED}/Kestrune.tlb ${KESTRUNE_GENERATED}/Kestrune_h.h ${KESTRUNE_GENERATED}/Kestrune_i.c
@@ -38,7 +40,14 @@ target_include_directories(Kestrune SYSTEM PRIVATE ${KESTRUNE_GENERATED})
 target_precompile_headers(Kestrune REUSE_FROM platform-room)
 target_link_libraries(Kestrune PRIVATE addin-room kestrune-resources)
 target_link_options(Kestrune PRIVATE -Wl,--kill-at,--enable-stdcall-fixup,--no-undefined,--dynamicbase,--nxcompat
-                    $<$<CONFIG:Release>:-s>)
+                    -Wl,--no-insert-timestamp $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:${KESTRUNE_SYMBOLS}>>>:-s>)
+if(KESTRUNE_SYMBOLS)
+  add_custom_command(TARGET Kestrune POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:Kestrune> $<TARGET_FILE:Kestrune>.debug
+    COMMAND ${CMAKE_STRIP} --preserve-dates $<TARGET_FILE:Kestrune>
+    COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=$<TARGET_FILE:Kestrune>.debug $<TARGET_FILE:Kestrune>
+    VERBATIM)
+endif()
 add_custom_command(TARGET Kestrune POST_BUILD
   COMMAND ${CMAKE_COMMAND} -DDLL=$<TARGET_FILE:Kestrune> -DARCH=${KESTRUNE_ARCH} -DOBJDUMP=${CMAKE_OBJDUMP}
           -P ${PROJECT_SOURCE_DIR}/cmake/CheckDll.cmake

@@ -1,4 +1,8 @@
 # Kestrune.dll and what is needed to test it under Wine.
+option(KESTRUNE_SYMBOLS "Keep the debugging symbols of Kestrune.dll, in a file beside it" OFF)
+if(KESTRUNE_SYMBOLS)
+  add_compile_options(-g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
 add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
 
 # utf8cpp is headers alone; they are the same for every target.

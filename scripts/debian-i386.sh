@@ -9,8 +9,8 @@ set -eu
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 system=$root/build/debian-i386
-# Wine for both kinds, ctest, and the libraries of the native kestrune-workbench.
-packages=wine,wine32,wine64:amd64,fonts-wine,fonts-liberation,cmake
+# Wine for both kinds, ctest, makensis, and the libraries of the native kestrune-workbench.
+packages=wine,wine32,wine64:amd64,fonts-wine,fonts-liberation,cmake,nsis
 packages=$packages,libstdc++6:amd64,libxml2:amd64,libsqlite3-0:amd64,libzip4:amd64
 
 if [ "$(id -u)" -ne 0 ]; then

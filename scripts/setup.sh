@@ -10,7 +10,7 @@ case "${1-native}" in
   native) packages="g++ cmake ninja-build pkg-config ccache libxml2-dev libsqlite3-dev libzip-dev libcli11-dev
 libutfcpp-dev libgtest-dev libbenchmark-dev" ;;
   windows) packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev wine wine64
-fonts-wine fonts-liberation googletest fp-compiler fp-units-rtl fp-units-fcl fp-units-misc faketime nsis xvfb
+fonts-wine fonts-liberation googletest fp-compiler fp-units-rtl fp-units-fcl fp-units-misc faketime nsis zip unzip xvfb
 imagemagick"
     command -v npm >/dev/null || packages="$packages npm" ;;  # for the source of SQLite
   windows-x86) packages="mmdebstrap arch-test" ;;
