@@ -17,6 +17,19 @@ if [ "$(id -u)" -ne 0 ]; then
   echo "Only root can set up and enter the 32-bit Debian." >&2
   exit 1
 fi
+# enter SYSTEM COMMAND [ARGUMENT...]: instead of the shell that calls it, so that whatever ends this ends all.
+enter() {
+  # shellcheck disable=SC2016
+  exec unshare --mount --pid --fork --kill-child --mount-proc="$1/proc" sh -euc '
+    root=$1 system=$2
+    shift 2
+    mount --bind /dev "$system/dev"
+    mount -t tmpfs none "$system/tmp"
+    mkdir -p "$system$root"
+    mount --bind "$root" "$system$root"
+    exec chroot "$system" "$@"' - "$root" "$@"
+}
+
 mkdir -p "$root/build"
 exec 9>"$system.lock"
 flock 9
@@ -27,19 +40,11 @@ if [ ! -d "$system" ]; then
   unshare --mount mmdebstrap --mode=root --variant=apt --architectures=i386,amd64 \
     --setup-hook='! [ -d /etc/apt/apt.conf.d ] || cp /etc/apt/apt.conf.d/* "$1/etc/apt/apt.conf.d/"' \
     --include="$packages" bookworm "$system.part" http://deb.debian.org/debian
-  chroot "$system.part" wine --version  # a kernel without 32-bit programs refuses it
+  (enter "$system.part" wine --version)  # a kernel without 32-bit programs refuses it
   mv "$system.part" "$system"
 fi
 exec 9>&-
 [ $# -gt 0 ] || exit 0
 
 unset TMPDIR
-# shellcheck disable=SC2016
-exec unshare --mount --pid --fork --kill-child --mount-proc="$system/proc" sh -euc '
-  system=$1 root=$2
-  shift 2
-  mount --bind /dev "$system/dev"
-  mount -t tmpfs none "$system/tmp"
-  mkdir -p "$system$root"
-  mount --bind "$root" "$system$root"
-  exec chroot "$system" "$@"' - "$system" "$root" "$@"
+enter "$system" "$@"
