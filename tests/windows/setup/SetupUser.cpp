@@ -1,11 +1,9 @@
 // What a user of the setup does besides starting it:
-//   setup-user press PROGRAM [ARGUMENT]   starts PROGRAM and presses the button OK (Next, Install, Close) of
-//   its windows until
-//                                         it ends; its exit status is this one's
-//   setup-user registry                   prints what the registry says of the add-in, to the user and to the
-//   machine, as
-//                                         64-bit and 32-bit programs see it
-//   setup-user hold DLL FILE              has DLL loaded, and makes FILE to say so, until FILE is removed
+//   setup-user press PROGRAM [ARGUMENT]  starts PROGRAM and presses the button OK (Next, Install, Close) of
+//                                        its windows until it ends; its exit status is this one's
+//   setup-user registry                  prints what the registry says of the add-in, to the user and to the
+//                                        machine, as 64-bit and 32-bit programs see it
+//   setup-user hold DLL FILE             has DLL loaded, and makes FILE to say so, until FILE is removed
 #include <cstdio>
 #include <string>
 #include <windows.h>
