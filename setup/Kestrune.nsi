@@ -184,6 +184,24 @@ FunctionEnd
   RMDir "${from}\x86"
 !macroend
 
+; Sets Reason unless the file $8 is for the machine whose number begins with the byte $7. regsvr32 would hand it on to the
+; other regsvr32, and say that all is well.
+Function CheckKind
+  FileOpen $9 "$8" r
+  FileSeek $9 60  ; where the file says where its header is
+  FileReadByte $9 $0
+  FileReadByte $9 $1
+  IntOp $1 $1 << 8
+  IntOp $0 $0 + $1
+  IntOp $0 $0 + 4
+  FileSeek $9 $0
+  FileReadByte $9 $0
+  FileClose $9
+  ${If} $0 != $7
+    StrCpy $Reason "$8 cannot be loaded on this machine: it is of the wrong bitness. Nothing was changed."
+  ${EndIf}
+FunctionEnd
+
 Function RemoveNew
   SetOutPath "$TEMP"  ; a program's own folder cannot be removed
   !insertmacro RemoveFiles "$INSTDIR\new\x86"
@@ -221,6 +239,17 @@ Section
     Call RemoveNew
     RMDir "$INSTDIR"
     StrCpy $Reason "The folder $INSTDIR cannot be written to. Choose another one, or ask for the right to write there. Nothing was changed."
+    Call Refuse
+  ${EndIf}
+  StrCpy $7 100  ; 0x8664, x86_64
+  StrCpy $8 "$INSTDIR\new\Kestrune.dll"
+  Call CheckKind
+  StrCpy $7 76  ; 0x014c, i386
+  StrCpy $8 "$INSTDIR\new\x86\Kestrune.dll"
+  Call CheckKind
+  ${If} $Reason != ""
+    Call RemoveNew
+    RMDir "$INSTDIR"
     Call Refuse
   ${EndIf}
   SetOutPath "$INSTDIR"
