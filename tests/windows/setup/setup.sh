@@ -140,7 +140,7 @@ expect_status 0 wine "$user" press "Z:$work/first.exe"
 installed=$(registry | sed -n 's/^HKCU 64 Entry InstallLocation = //p')
 unix_installed=$(wine winepath -u "$installed" | tr -d '\r')
 expect_installed "$unix_installed"
-expect_registry "HKCU 64 Class\\InprocServer32 = $installed\\Kestrune.dll"
+expect_registry "HKCU 64 Library\\1.0\\0\\win64 = $installed\\Kestrune.dll"  # Wine keeps one class for both kinds here
 expect_status 0 wine "$user" press "$installed\\uninstall.exe" "_?=$installed"
 rm "$unix_installed/uninstall.exe"  # it could not remove itself
 rmdir "$unix_installed"
