@@ -33,6 +33,9 @@ frmImport::frmImport(Doors& doors) : doors_(doors), desktop_(doors.platform().de
   cmdClose.Click = [this] { Close(); };
   cmdHelp.Click = [this] { desktop_.SendHelpKey(*this); };
   Timer1.Tick = [this] { Timer1_Tick(); };
+  List1.Copy = mnuLinesCopy.Click = [this] { CopyLines(); };
+  List1.ContextMenu = [this] { mnuLines.PopUp(List1); };
+  mnuLinesSelectAll.Click = [this] { List1.SelectAll(); };
 }
 
 void frmImport::Transfer(const orim::Repository& Repos, std::int32_t Direction) {
@@ -45,6 +48,8 @@ void frmImport::Form_Load() {
   Label1.SetCaption(LoadResText(text::kDetails));
   cmdClose.SetCaption(LoadResText(text::kClose));
   cmdHelp.SetCaption(LoadResText(text::kHelp));
+  mnuLinesCopy.SetCaption(LoadResText(text::kMenuCopy));
+  mnuLinesSelectAll.SetCaption(LoadResText(text::kMenuSelectAll));
   SetCaption(PlainCaption());
   HelpContextID = 6340;
   ApplyStandardFont(*this);
@@ -58,6 +63,12 @@ Text frmImport::PlainCaption() const {
 
 void frmImport::Form_CloseBox() {
   if (cmdClose.Enabled()) Close();
+}
+
+void frmImport::CopyLines() {
+  Text lines;
+  for (const std::size_t line : List1.SelectedLines()) lines.append(List1.Items()[line]).append(kCrLf);
+  if (!lines.empty()) desktop_.SetClipboardText(lines);
 }
 
 // The window is painted before DOORS is contacted: the

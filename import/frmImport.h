@@ -37,12 +37,16 @@ class frmImport : public Form, public ImportProgress {
   Button cmdClose{this, u"cmdClose"};
   Button cmdHelp{this, u"cmdHelp"};
   Timer Timer1{this, u"Timer1"};
+  MenuItem mnuLinesCopy{this, u"mnuLinesCopy"};
+  MenuItem mnuLinesSelectAll{this, u"mnuLinesSelectAll"};
+  Menu mnuLines{this, u"mnuLines", {&mnuLinesCopy, &mnuLinesSelectAll}};
 
  private:
   void Form_Load() override;
   void Form_CloseBox() override;
   void Timer1_Tick();
 
+  void CopyLines();
   void RunTransfer();
   bool LoadOptions(const orim::Package& package, const Text& module_path);
   void ExportModule(const Text& module_path);

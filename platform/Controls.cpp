@@ -49,12 +49,38 @@ void ListBox::Truncate(std::size_t count) {
   if (count >= items_.size()) return;
   items_.resize(count);
   if (list_index_ >= static_cast<int>(count)) list_index_ = -1;
+  std::erase_if(selected_, [count](std::size_t line) { return line >= count; });
   Changed();
 }
 
 void ListBox::SetListIndex(int index) {
   list_index_ = index < static_cast<int>(items_.size()) ? index : -1;
+  selected_.clear();
+  if (list_index_ >= 0) selected_.push_back(static_cast<std::size_t>(list_index_));
   Changed();
+}
+
+void ListBox::SelectLines(std::vector<std::size_t> lines) {
+  RequireReachable();
+  if (!lines.empty() && lines.back() >= items_.size()) RefuseUser(u"it has no such line");
+  selected_ = std::move(lines);
+  Changed();
+}
+
+void ListBox::SelectAll() {
+  std::vector<std::size_t> all(items_.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  SelectLines(std::move(all));
+}
+
+void ListBox::PressCopy() {
+  RequireReachable();
+  Raise(Copy);
+}
+
+void ListBox::AskForMenu() {
+  RequireReachable();
+  Raise(ContextMenu);
 }
 
 void ListBox::ClickItem(std::size_t index) {

@@ -35,12 +35,14 @@ class TextBox : public Control {
   Text value_;
 };
 
-/// A list of lines, none or one of them selected.
+/// A list of lines. The form selects none or one of them, the user several where the list's window lets him.
 class ListBox : public Control {
  public:
   using Control::Control;
   Event Click;
   Event DblClick;
+  Event Copy;         // the user wants the selected lines on the clipboard
+  Event ContextMenu;  // the user asks what can be done with them
 
   const std::vector<Text>& Items() const { return items_; }
   int ListIndex() const { return list_index_; }  // -1: none
@@ -48,6 +50,7 @@ class ListBox : public Control {
   std::size_t LastChanged() const { return last_changed_; }
   /// The selected line, or "".
   Text SelectedText() const;
+  const std::vector<std::size_t>& SelectedLines() const { return selected_; }  // ascending
   void AddItem(Text item);
   /// Replaces a line; the index after the last one appends.
   void SetItem(std::size_t index, Text item);
@@ -57,12 +60,17 @@ class ListBox : public Control {
   /// Selects a line and scrolls to it; raises no event.
   void SetListIndex(int index);
 
-  /// The user clicks, or double-clicks, a line.
+  /// The user clicks, or double-clicks, a line; selects exactly these, or all; presses Ctrl+C; asks for the menu.
   void ClickItem(std::size_t index);
   void DoubleClickItem(std::size_t index);
+  void SelectLines(std::vector<std::size_t> lines);
+  void SelectAll();
+  void PressCopy();
+  void AskForMenu();
 
  private:
   std::vector<Text> items_;
+  std::vector<std::size_t> selected_;
   std::size_t last_changed_ = 0;
   int list_index_ = -1;
 };

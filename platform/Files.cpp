@@ -12,7 +12,7 @@ namespace kestrune {
 namespace {
 
 [[noreturn]] void ThrowFileFailure(int text_id, TextView path) {
-  throw AutomationError(error::kFileFailure, u"Kestrune", StoredString(text_id).append(path));
+  throw AutomationError(error::kFileFailure, u"Kestrune", StoredString(text_id, path));
 }
 
 }  // namespace

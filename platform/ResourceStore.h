@@ -24,6 +24,12 @@ inline constexpr int kDtdRefused = 211;
 
 /// The string-table entry, or "" when there is none.
 Text StoredString(int id);
+/// The same with `argument` in place of its "%s", or behind it.
+inline Text StoredString(int id, TextView argument) {
+  Text text = StoredString(id);
+  const auto place = text.find(u"%s");
+  return place == Text::npos ? text.append(argument) : text.replace(place, 2, argument);
+}
 
 /// The bytes of a resource of a named type, such as "DXL"; throws AutomationError when there is none.
 std::string StoredBytes(TextView type, int id);

@@ -16,10 +16,12 @@ const AddInObject::Members& AddInObject::Table() {
       {u"Orim_Connect",
        {.Call = [](Self& self, const Args& args) { return self.add_in_.Orim_Connect(RepositoryIn(args)); },
         .ArgCount = 1}},
-      {u"Orim_Disconnect", {.Call = [](Self& self, const Args&) {
-                              self.add_in_.Orim_Disconnect();
-                              return Variant();
-                            }}},
+      {u"Orim_Disconnect",
+       {.Call =
+            [](Self& self, const Args&) {
+              self.add_in_.Orim_Disconnect();
+              return Variant();
+            }}},
       {u"Orim_OnPostInitialized",
        {.Call = [](Self& self,
                    const Args& args) { return self.add_in_.Orim_OnPostInitialized(RepositoryIn(args)); },
@@ -42,10 +44,9 @@ const AddInObject::Members& AddInObject::Table() {
                    const Args& args) { return self.add_in_.Plexa_GetConnectedPackages(RepositoryIn(args)); },
         .ArgCount = 1}},
       {u"Plexa_Connect",
-       {.Call =
-            [](Self& self, const Args& args) -> Variant {
-              return self.add_in_.Plexa_Connect(RepositoryIn(args), args[1].ToInt(), args[2].ToText());
-            },
+       {.Call = [](Self& self, const Args& args) -> Variant {
+          return self.add_in_.Plexa_Connect(RepositoryIn(args), args[1].ToInt(), args[2].ToText());
+        },
         .ArgCount = 3}},
       {u"Plexa_Disconnect",
        {.Call = [](Self& self, const Args& args) -> Variant {

@@ -28,6 +28,9 @@ class ControlPeer {
   /// A notification of the window: WM_COMMAND's code, or WM_NOTIFY.
   virtual void OnCommand(WORD) {}
   virtual void OnNotify(const NMHDR&) {}
+  /// A key that was pressed in the window; true when that is all that comes of it.
+  virtual bool OnListKey(WORD) { return false; }
+  virtual void OnContextMenu() {}
   /// The window has got another size or font.
   virtual void OnResized() {}
   /// All that came of a message has been done: what shows only the outcome is brought up to it.

@@ -29,9 +29,9 @@ void BringForward(HWND dialog) {
     SetWindowPos(dialog, place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-/// Opens the menu at the left edge and the bottom of the window `below`; the item that the user chooses, null
-/// when the menu is left.
-MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below) {
+/// Opens the menu at the point on the screen or, without one, at the left edge and the bottom of the window `below`; the
+/// item that the user chooses, null when the menu is left.
+MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below, std::optional<POINT> at) {
   const OwnedMenu window(CreatePopupMenu());
   UINT_PTR id = 0;
   for (const MenuItem* item : menu.Items())
@@ -39,9 +39,10 @@ MenuItem* ChooseFromMenu(const Menu& menu, HWND dialog, HWND below) {
                 Wide(item->Caption()));
   TPMPARAMS around = {.cbSize = sizeof around};
   GetWindowRect(below, &around.rcExclude);
+  const POINT corner = at.value_or(POINT{around.rcExclude.left, around.rcExclude.bottom});
   const int chosen = TrackPopupMenuEx(
-      window.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL,
-      around.rcExclude.left, around.rcExclude.bottom, dialog, &around);
+      window.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL, corner.x,
+      corner.y, dialog, at ? nullptr : &around);
   return chosen > 0 ? menu.Items()[static_cast<std::size_t>(chosen) - 1] : nullptr;
 }
 
@@ -124,6 +125,11 @@ INT_PTR DialogPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       return TRUE;
     case WM_SETCURSOR:
       return OnSetCursor();
+    case WM_VKEYTOITEM:
+      return OnKeyToItem(LOWORD(wparam), reinterpret_cast<HWND>(lparam));
+    case WM_CONTEXTMENU:
+      OnContextMenu(reinterpret_cast<HWND>(wparam), lparam);
+      return TRUE;
   }
   return FALSE;
 }
@@ -231,6 +237,21 @@ ControlPeer* DialogPeer::ReachablePeer(int id) const {
   return control.Enabled() && control.Visible() && !peer->IsPushing() ? peer : nullptr;
 }
 
+/// -2: there is no more to be done with the key; -1: the list does with it what lists do.
+INT_PTR DialogPeer::OnKeyToItem(WORD key, HWND list) {
+  ControlPeer* peer = ReachablePeer(GetDlgCtrlID(list));
+  return peer && peer->OnListKey(key) ? -2 : -1;
+}
+
+// The keyboard asks for a menu at no place: both coordinates are -1.
+void DialogPeer::OnContextMenu(HWND window, LPARAM place) {
+  ControlPeer* peer = ReachablePeer(GetDlgCtrlID(window));
+  if (!peer) return;
+  if (place != -1) menu_point_ = POINT{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+  peer->OnContextMenu();
+  menu_point_.reset();
+}
+
 void DialogPeer::FormChanged(Form& form) {
   SetWindowTextW(dialog_, Wide(form.Caption));
 }
@@ -251,7 +272,7 @@ void DialogPeer::SetFocus(Control& control) {
 }
 
 void DialogPeer::PopUp(Menu& menu, Control& below) {
-  MenuItem* chosen = ChooseFromMenu(menu, dialog_, PeerOf(below)->Window());
+  MenuItem* chosen = ChooseFromMenu(menu, dialog_, PeerOf(below)->Window(), menu_point_);
   if (chosen) menu.Choose(*chosen);
 }
 

@@ -38,6 +38,8 @@ class DialogPeer : public FormPeer {
   void OnInit();
   void OnCommand(int id, WORD code);
   void OnNotify(const NMHDR& notification);
+  INT_PTR OnKeyToItem(WORD key, HWND list);
+  void OnContextMenu(HWND window, LPARAM place);
   void OnTimer(std::size_t id);
   void OnHelp(const HELPINFO& request);
   void OnSize();
@@ -54,6 +56,7 @@ class DialogPeer : public FormPeer {
   Form& form_;
   HWND dialog_ = nullptr;
   bool has_ended_ = false;
+  std::optional<POINT> menu_point_;  // where the pointer has asked for a menu
   std::exception_ptr failure_;
   std::map<const Control*, std::unique_ptr<ControlPeer>> peers_;
   std::map<int, const Control*> controls_;  // by the ids of their windows

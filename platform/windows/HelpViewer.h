@@ -18,6 +18,7 @@ class HelpViewer {
   HelpViewer& operator=(const HelpViewer&) = delete;
 
   void SetFile(const Text& path) { file_ = path; }
+  const Text& File() const { return file_; }
   /// Opens the file at a topic. Returns the id of the text that tells the user why it could not, else 0.
   int Show(int context);
 

@@ -17,10 +17,46 @@ LPARAM AsParameter(const Text& text) {
 }  // namespace
 
 void ListBoxPeer::OnCommand(WORD code) {
+  if (TakesSeveral()) {
+    if (code == LBN_SELCHANGE) TakeSelection();
+    return;
+  }
   const LRESULT index = Send(LB_GETCURSEL);
   if (index == LB_ERR) return;
   if (code == LBN_SELCHANGE) list_.ClickItem(static_cast<std::size_t>(index));
   if (code == LBN_DBLCLK) list_.DoubleClickItem(static_cast<std::size_t>(index));
+}
+
+void ListBoxPeer::TakeSelection() {
+  std::vector<int> lines(static_cast<std::size_t>(Send(LB_GETSELCOUNT)));
+  Send(LB_GETSELITEMS, lines.size(), reinterpret_cast<LPARAM>(lines.data()));
+  shown_selection_.assign(lines.begin(), lines.end());
+  list_.SelectLines(shown_selection_);
+}
+
+bool ListBoxPeer::OnListKey(WORD key) {
+  if (GetKeyState(VK_CONTROL) >= 0 || (key != 'A' && key != 'C')) return false;
+  if (key == 'A')
+    list_.SelectAll();
+  else
+    list_.PressCopy();
+  return true;
+}
+
+// One line more must not cost a look at all the others.
+void ListBoxPeer::ShowSelection() {
+  const auto& selected = list_.SelectedLines();
+  if (selected == shown_selection_) return;
+  if (shown_selection_.size() > 1)
+    Send(LB_SETSEL, FALSE, -1);
+  else if (!shown_selection_.empty())
+    Send(LB_SETSEL, FALSE, static_cast<LPARAM>(shown_selection_[0]));
+  if (selected.size() > 1 && selected.size() == list_.Items().size())
+    Send(LB_SETSEL, TRUE, -1);
+  else
+    for (const std::size_t line : selected) Send(LB_SETSEL, TRUE, static_cast<LPARAM>(line));
+  if (selected.size() == 1) Send(LB_SETCARETINDEX, selected[0], FALSE);
+  shown_selection_ = selected;
 }
 
 void ListBoxPeer::PushContent() {
@@ -32,6 +68,7 @@ void ListBoxPeer::PushContent() {
   const std::size_t changed = list_.LastChanged();
   if (changed < shown && LineAt(changed) != lines[changed]) Replace(changed, lines[changed]);
   for (std::size_t index = shown; index < lines.size(); ++index) Insert(index, lines[index]);
+  if (TakesSeveral()) return ShowSelection();
   if (Send(LB_GETCURSEL) != list_.ListIndex()) Send(LB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex()));
 }
 

@@ -10,6 +10,8 @@ class ListBoxPeer : public ControlPeer {
  public:
   ListBoxPeer(ListBox& list, HWND window) : ControlPeer(list, window), list_(list) {}
   void OnCommand(WORD code) override;
+  bool OnListKey(WORD key) override;
+  void OnContextMenu() override { list_.AskForMenu(); }
 
  protected:
   void PushContent() override;
@@ -22,9 +24,13 @@ class ListBoxPeer : public ControlPeer {
   Text LineAt(std::size_t index) const;
   void Insert(std::size_t index, const Text& line);
   void Replace(std::size_t index, const Text& line);
+  bool TakesSeveral() const { return (GetWindowLongW(Window(), GWL_STYLE) & LBS_EXTENDEDSEL) != 0; }
+  void TakeSelection();
+  void ShowSelection();
 
   ListBox& list_;
-  int widest_ = 0;  // line, in pixels
+  std::vector<std::size_t> shown_selection_;  // where several lines can be selected
+  int widest_ = 0;                            // line, in pixels
 };
 
 class ComboBoxPeer : public ControlPeer {

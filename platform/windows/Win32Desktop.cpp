@@ -125,8 +125,10 @@ void Win32Desktop::SetClipboardText(const Text& text) {
 
 void Win32Desktop::ShowHelp(int context) {
   const int failure = help_.Show(context);
-  if (failure)
-    Show({.Body = StoredString(failure), .Title = StoredString(stored::kTitle), .Icon = Icon::kExclamation});
+  if (!failure) return;
+  Show({.Body = StoredString(failure, help_.File()),
+        .Title = StoredString(stored::kTitle),
+        .Icon = Icon::kExclamation});
 }
 
 void Win32Desktop::StartCommand(const Text& command_line) {

@@ -35,6 +35,25 @@ TEST_F(ImportWindowTest, CountsWhatItDid) {
   EXPECT_TRUE(HasLine(Import(), u"1 new, 1 changed, 1 moved, 1 archived, 0 restored, 1 unchanged, 0 failed"));
 }
 
+TEST_F(ImportWindowTest, ItsLinesCanBeCopied) {
+  frmImport form(doors);
+  desktop.OnForm<frmImport>([&](frmImport& opened) {
+    desktop.Tick();
+    opened.List1.PressCopy();
+    EXPECT_EQ(desktop.ClipboardText(), u"*** Import Complete ***\r\n");
+    opened.List1.SelectLines({0, 3});
+    opened.List1.AskForMenu();
+    opened.mnuLines.Choose(opened.mnuLinesCopy);
+    EXPECT_EQ(desktop.ClipboardText(), u"Connecting to DOORS\r\nComparing...\r\n");
+    opened.List1.AskForMenu();
+    opened.mnuLines.Choose(opened.mnuLinesSelectAll);
+    opened.List1.PressCopy();
+    EXPECT_EQ(Split(desktop.ClipboardText(), kCrLf).size(), opened.List1.Items().size() + 1);
+    opened.cmdClose.Press();
+  });
+  form.Transfer(repository, frmImport::kImport);
+}
+
 TEST_F(ImportWindowTest, ALongPhaseShowsHowFarItIs) {
   for (int i = 0; i < 40; ++i) application->Objects.push_back({{"a1", ToText(i)}});
   desktop.SetMillisecondsPerLook(40);

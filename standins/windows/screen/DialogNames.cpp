@@ -10,7 +10,8 @@ const DialogNames& KestruneDialogNames() {
        {u"lstTarget", u"frmMapWizard"},
        {u"List1", u"frmImport"},
        {u"lblProduct", u"frmAbout"}},
-      {{u"mnuMappings", {u"mnuMappingsCopy", u"mnuMappingsPaste", u"mnuMappingsDefault"}}}};
+      {{u"mnuMappings", {u"mnuMappingsCopy", u"mnuMappingsPaste", u"mnuMappingsDefault"}},
+       {u"mnuLines", {u"mnuLinesCopy", u"mnuLinesSelectAll"}}}};
   return names;
 }
 

@@ -83,10 +83,10 @@ TEST_F(DialogTest, AHelpFileThatIsMissingIsSaid) {
   WithPerson(
       [] {
         const Screen box(u"Kestrune Link");
-        EXPECT_EQ(
-            box.TextAt(0xFFFF),
-            u"The help file ORIMDOORS.chm is missing from the folder of Kestrune.dll. Install Kestrune Link "
-            u"again to get it back.");
+        EXPECT_EQ(box.TextAt(0xFFFF),
+                  u"The help file is missing: C:\\no such folder\\ORIMDOORS.chm. Install Kestrune Link again "
+                  u"to get it "
+                  u"back.");
         box.Key(VK_RETURN);
       },
       [&] { plain.ShowHelp(1000); });

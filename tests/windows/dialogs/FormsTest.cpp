@@ -168,5 +168,40 @@ TEST_F(DialogTest, TheImportWindowReportsAndCloses) {
   EXPECT_EQ(form.List1.Items(), Lines({u"Connecting to DOORS"}));
 }
 
-}  // namespace
-}  // namespace kestrune::testing
+TEST_F(DialogTest, TheImportWindowsLinesCanBeCopied) {
+  frmImport form(doors);
+  form.Timer1.Tick = [&form] {
+    form.Timer1.SetEnabled(false);
+    for (const char16_t* line : {u"one", u"two", u"three"}) form.Progress(line);
+    form.cmdClose.SetEnabled(true);
+  };
+  WithPerson([&] {
+    const Screen import(u"Import Progress");
+    import.AwaitEnabled(ID_cmdClose);
+    EXPECT_EQ(import.Ask(ID_List1, LB_GETSELCOUNT), 1) << "the last line";
+    import.ClickLine(ID_List1, 1);
+    import.Key('C', VK_CONTROL);
+        import.Await("one line", [&] { return desktop.ClipboardText() == u"two\r\n";
+  });
+  import.Key('A', VK_CONTROL);
+        import.Await("all lines", [&] { return import.Ask(ID_List1, LB_GETSELCOUNT) == 3;
+});
+import.Key('C', VK_CONTROL);
+        import.Await("all of them", [&] { return desktop.ClipboardText() == u"one\r\ntwo\r\nthree\r\n";
+        });
+        import.ClickLine(ID_List1, 0);
+        PostMessageW(import.Window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(import.At(ID_List1)), -1);
+        import.Await("the menu", [] { return FindWindowW(L"#32768", nullptr) != nullptr;
+        });
+        import.Key(VK_DOWN);
+        import.Key(VK_RETURN);
+        import.Await("the line", [&] { return desktop.ClipboardText() == u"one\r\n";
+        });
+        import.Click(ID_cmdClose);
+        },
+      [&] {
+  form.Transfer(orim::Repository(), frmImport::kImport); });
+        }
+
+        }  // namespace
+        }  // namespace kestrune::testing

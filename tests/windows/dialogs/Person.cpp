@@ -32,7 +32,8 @@ BOOL CALLBACK AddTitle(HWND window, LPARAM titles) {
   const bool is_ours = process == GetCurrentProcessId() && IsWindowVisible(window);
   const HWND said = GetDlgItem(window, 0xFFFF);
   if (is_ours)
-    *reinterpret_cast<Text*>(titles) += u"[" + TitleOf(window) + (said ? u": " + TitleOf(said) : Text()) + u"]";
+    *reinterpret_cast<Text*>(titles) +=
+        u"[" + TitleOf(window) + (said ? u": " + TitleOf(said) : Text()) + u"]";
   return TRUE;
 }
 
