@@ -26,15 +26,16 @@ const DrawingEntry* DrawingTable() {
   return *reinterpret_cast<const DrawingEntry* const*>(process + kPlaceInProcess);
 }
 
+BOOL CALLBACK CountWindow(HWND, LPARAM counter) {
+  ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+
 }  // namespace
 
 SystemObjects CountSystemObjects() {
   SystemObjects objects;
-  const auto count = [](HWND, LPARAM parameter) -> BOOL {
-    ++*reinterpret_cast<int*>(parameter);
-    return TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&objects.Windows));
+  EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&objects.Windows));
   for (int i = 0; i < kEntries; ++i) {
     objects.Drawing += DrawingTable()[i].Type != 0;
     objects.Fonts += DrawingTable()[i].Type == kFont;
