@@ -17,26 +17,16 @@ take() {
     sleep 0.1
   done
   import -window root -crop "$(cat "$place")" +repage -strip -define png:exclude-chunks=date,time \
-    "$root/docs/images/$2$3.png"
+    "$root/docs/images/$2.png"
   rm "$place"
   wait "$dialog"
 }
 
-set_scale() {
-  wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null
-}
-
 if [ "${2-}" = --in-session ]; then
-  set_scale 96
   for name in frmAbout frmConnectProgress frmConnect frmInput frmOptions frmMapWizard-attribute \
     frmMapWizard-separator frmMapWizard-target frmImport message-box; do
-    take "$1" "$name" ""
+    take "$1" "$name"
   done
-  set_scale 144
-  take "$1" frmOptions -150
-  set_scale 192
-  take "$1" frmOptions -200
-  set_scale 96
   exit
 fi
 
