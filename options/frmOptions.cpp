@@ -13,17 +13,6 @@ namespace kestrune {
 
 namespace {
 
-class WaitCursor {
- public:
-  explicit WaitCursor(Desktop& desktop) : desktop_(desktop) { desktop_.SetWaitCursor(true); }
-  ~WaitCursor() { desktop_.SetWaitCursor(false); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-
- private:
-  Desktop& desktop_;
-};
-
 /// Whether a rule that maps the attribute is read as just that.
 bool IsMappable(const Text& attribute) {
   return ReadsBack({.Attribute = attribute, .Target = Text(target::kTaggedValue)});

@@ -92,4 +92,16 @@ class Desktop {
   std::vector<Text> shown_once_;  // during the callback
 };
 
+/// Shows the wait cursor for as long as it lives.
+class WaitCursor {
+ public:
+  explicit WaitCursor(Desktop& desktop) : desktop_(desktop) { desktop_.SetWaitCursor(true); }
+  ~WaitCursor() { desktop_.SetWaitCursor(false); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  Desktop& desktop_;
+};
+
 }  // namespace kestrune

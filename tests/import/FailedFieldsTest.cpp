@@ -71,9 +71,7 @@ TEST_F(FailedFieldsTest, BelongToAFieldAndNotToItsName) {
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.name);
-    package_id = model.AddPackage(0, u"Another");
-    model.SelectPackage(package_id);
-    SaveLinkFile(platform, Guid(), u"/P/M");
+    GoOnWithAnotherPackage();
     for (const char16_t* attribute : {u"Status", u"Position", u"Parent"})
       if (std::ranges::find(application->Attributes, Text(attribute)) == application->Attributes.end())
         application->Attributes.push_back(attribute);

@@ -33,6 +33,13 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
     SaveLinkFile(platform, Guid(), u"/P/M");
   }
 
+  /// Selects a new package that is linked to the same module.
+  void GoOnWithAnotherPackage() {
+    package_id = model.AddPackage(0, u"Another");
+    model.SelectPackage(package_id);
+    SaveLinkFile(platform, Guid(), u"/P/M");
+  }
+
   /// Stores a record with these rules, so that no dialog opens before the import.
   void StoreRules(const std::vector<Text>& rules, const Text& view = u"") {
     Options options(doors);

@@ -113,9 +113,7 @@ TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.tree);
-    package_id = model.AddPackage(0, u"Another");
-    model.SelectPackage(package_id);
-    SaveLinkFile(platform, Guid(), u"/P/M");
+    GoOnWithAnotherPackage();
     StoreRules({u"Object Heading --> Name"});
     application->Objects = each.exported;
     std::vector<Text> warnings;
@@ -161,9 +159,7 @@ TEST_F(SynchronisationTest, ParentAndChildMayChangePlacesWhereTheChildComesFirst
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.tree);
-    package_id = model.AddPackage(0, u"Another");
-    model.SelectPackage(package_id);
-    SaveLinkFile(platform, Guid(), u"/P/M");
+    GoOnWithAnotherPackage();
     StoreRules({u"Object Heading --> Name"});
     application->Objects = each.before;
     Import();
