@@ -21,9 +21,9 @@ class ExportedDoors : public standins::StandInObject<ExportedDoors> {
   static const Members& Table() {
     static const Members table = {
         {u"Result",
-         {.Get = [](ExportedDoors& self) { return Variant(self.export_path_); },
-          .Put = [](ExportedDoors&, const Variant&) {}}},
-        {u"RunStr", {.Call = [](ExportedDoors&, const Args&) { return Variant(); }, .ArgCount = 1}},
+         {.get = [](ExportedDoors& self) { return Variant(self.export_path_); },
+          .put = [](ExportedDoors&, const Variant&) {}}},
+        {u"RunStr", {.call = [](ExportedDoors&, const Args&) { return Variant(); }, .arg_count = 1}},
     };
     return table;
   }

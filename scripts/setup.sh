@@ -14,7 +14,7 @@ fonts-wine fonts-liberation googletest fp-compiler fp-units-rtl fp-units-fcl fp-
 imagemagick"
     command -v npm >/dev/null || packages="$packages npm" ;;  # for the source of SQLite
   windows-x86) packages="mmdebstrap arch-test" ;;
-  checks) packages="clang-format clang-tidy" ;;
+  checks) packages="clang-format clang-tidy-19" ;;
   *) sed -n '2,6s/^# //p' "$0" >&2; exit 2 ;;
 esac
 

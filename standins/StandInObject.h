@@ -14,8 +14,8 @@ namespace kestrune::standins {
 ///   class Tab : public StandInObject<Tab> {
 ///     static const Members& Table() {
 ///       static const Members table = {
-///           {u"Name", {.Get = [](Tab& tab) { return Variant(tab.name_); }}},
-///           {u"Write", {.Call = [](Tab& tab, const Args& args) { ... }, .ArgCount = 1}},
+///           {u"Name", {.get = [](Tab& tab) { return Variant(tab.name_); }}},
+///           {u"Write", {.call = [](Tab& tab, const Args& args) { ... }, .arg_count = 1}},
 ///       };
 ///       return table;
 ///     }
@@ -27,10 +27,10 @@ template <typename Self>
 class StandInObject : public Dispatch, public std::enable_shared_from_this<Self> {
  public:
   struct Member {
-    std::function<Variant(Self&)> Get;
-    std::function<void(Self&, const Variant&)> Put;
-    std::function<Variant(Self&, const Args&)> Call;
-    std::size_t ArgCount = 0;  // of Call
+    std::function<Variant(Self&)> get;
+    std::function<void(Self&, const Variant&)> put;
+    std::function<Variant(Self&, const Args&)> call;
+    std::size_t arg_count = 0;  // of Call
   };
   using Members = std::map<Text, Member, std::less<>>;
 
@@ -41,18 +41,18 @@ class StandInObject : public Dispatch, public std::enable_shared_from_this<Self>
     const auto found = table.find(name);
     if (found == table.end()) Refuse(error::kUnknownMember, name, u"there is no such member");
     const Member& member = found->second;
-    if (access == Access::kGet && member.Get) {
+    if (access == Access::kGet && member.get) {
       CheckCount(name, args.size(), 0);
-      return member.Get(self);
+      return member.get(self);
     }
-    if (access == Access::kPut && member.Put) {
+    if (access == Access::kPut && member.put) {
       CheckCount(name, args.size(), 1);
-      member.Put(self, args.front());
+      member.put(self, args.front());
       return {};
     }
-    if (access == Access::kCall && member.Call) {
-      CheckCount(name, args.size(), member.ArgCount);
-      return member.Call(self, args);
+    if (access == Access::kCall && member.call) {
+      CheckCount(name, args.size(), member.arg_count);
+      return member.call(self, args);
     }
     Refuse(error::kUnknownMember, name, u"the member cannot be used in this way");
   }

@@ -14,45 +14,45 @@ const AddInObject::Members& AddInObject::Table() {
   using Self = AddInObject;
   static const Members table = {
       {u"Orim_Connect",
-       {.Call = [](Self& self, const Args& args) { return self.add_in_.Orim_Connect(RepositoryIn(args)); },
-        .ArgCount = 1}},
+       {.call = [](Self& self, const Args& args) { return self.add_in_.Orim_Connect(RepositoryIn(args)); },
+        .arg_count = 1}},
       {u"Orim_Disconnect",
-       {.Call =
+       {.call =
             [](Self& self, const Args&) {
               self.add_in_.Orim_Disconnect();
               return Variant();
             }}},
       {u"Orim_OnPostInitialized",
-       {.Call = [](Self& self,
+       {.call = [](Self& self,
                    const Args& args) { return self.add_in_.Orim_OnPostInitialized(RepositoryIn(args)); },
-        .ArgCount = 1}},
+        .arg_count = 1}},
       {u"Orim_GetMenuItems",
-       {.Call =
+       {.call =
             [](Self& self, const Args& args) {
               return self.add_in_.Orim_GetMenuItems(RepositoryIn(args), args[1].ToText(), args[2].ToText());
             },
-        .ArgCount = 3}},
+        .arg_count = 3}},
       {u"Orim_MenuClick",
-       {.Call =
+       {.call =
             [](Self& self, const Args& args) {
               self.add_in_.Orim_MenuClick(RepositoryIn(args), args[1].ToText(), args[2].ToText());
               return Variant();
             },
-        .ArgCount = 3}},
+        .arg_count = 3}},
       {u"Plexa_GetConnectedPackages",
-       {.Call = [](Self& self,
+       {.call = [](Self& self,
                    const Args& args) { return self.add_in_.Plexa_GetConnectedPackages(RepositoryIn(args)); },
-        .ArgCount = 1}},
+        .arg_count = 1}},
       {u"Plexa_Connect",
-       {.Call = [](Self& self, const Args& args) -> Variant {
+       {.call = [](Self& self, const Args& args) -> Variant {
           return self.add_in_.Plexa_Connect(RepositoryIn(args), args[1].ToInt(), args[2].ToText());
         },
-        .ArgCount = 3}},
+        .arg_count = 3}},
       {u"Plexa_Disconnect",
-       {.Call = [](Self& self, const Args& args) -> Variant {
+       {.call = [](Self& self, const Args& args) -> Variant {
           return self.add_in_.Plexa_Disconnect(RepositoryIn(args), args[1].ToText());
         },
-        .ArgCount = 2}},
+        .arg_count = 2}},
   };
   return table;
 }

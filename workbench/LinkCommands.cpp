@@ -99,13 +99,13 @@ void Link(const Settings& settings, const std::string& module, const Terminal& t
     throw CommandError(is_listed ? Text(u"The package was not linked.")
                                  : u"DOORS has no formal module \"" + path + u"\".");
   }
-  terminal.out << ToUtf8(machine.Host().Package().Name + u" is linked to " + path) << '\n';
+  terminal.out << ToUtf8(machine.Host().Package().name + u" is linked to " + path) << '\n';
 }
 
 void Unlink(const Settings& settings, const Terminal& terminal) {
   Machine machine(settings, terminal);
   if (!machine.Host().Disconnect()) throw CommandError(u"The package stays as it was.");
-  terminal.out << ToUtf8(machine.Host().Package().Name) << " is not linked any more\n";
+  terminal.out << ToUtf8(machine.Host().Package().name) << " is not linked any more\n";
 }
 
 void EditOptions(const Settings& settings, const std::string& view, const std::string& template_file,
@@ -139,16 +139,16 @@ void Transfer(const Settings& settings, int item_id, const Terminal& terminal) {
 void Locate(const Settings& settings, const std::string& element, const Terminal& terminal) {
   Machine machine(settings, terminal);
   const Text wanted = FromUtf8(element);
-  const auto items = machine.Host().Model().Tree(machine.Host().Package().Id);
+  const auto items = machine.Host().Model().Tree(machine.Host().Package().id);
   const auto is_wanted = [&](const TreeItem& item) {
     const auto carries = [&](const TaggedValueRow& tag) {
-      return tag.Name == u"Object Identifier" && tag.Value == wanted;
+      return tag.name == u"Object Identifier" && tag.value == wanted;
     };
-    return item.Name == wanted || std::any_of(item.TaggedValues.begin(), item.TaggedValues.end(), carries);
+    return item.name == wanted || std::any_of(item.tagged_values.begin(), item.tagged_values.end(), carries);
   };
   const auto found = std::find_if(items.begin(), items.end(), is_wanted);
   if (found == items.end()) throw CommandError(u"The package has no element \"" + wanted + u"\".");
-  machine.Host().Model().SelectElement(found->Id);
+  machine.Host().Model().SelectElement(found->id);
   machine.Host().ClickMenu(LoadResText(text::kMenuLocate));
   for (const OpenModuleState& module : machine.Doors().OpenModules()) {
     if (!module.is_displayed || module.scrolled_to == 0) continue;

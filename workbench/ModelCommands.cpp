@@ -37,7 +37,7 @@ void ListLinkedPackages(const Settings& settings, const Terminal& terminal) {
   for (const Text& guid : add_in.Plexa_GetConnectedPackages(repository).ToTextArray()) {
     Text name = u"(in another model)";
     for (const PackageInfo& package : model.Packages())
-      if (package.Guid == guid) name = package.Path;
+      if (package.guid == guid) name = package.path;
     terminal.out << ToUtf8(guid + u"  " + name + u" -> " + GetLinkModulePath(platform, guid)) << '\n';
   }
 }

@@ -12,10 +12,10 @@ namespace kestrune::standins {
 
 /// A top-level window of another program, such as DOORS.
 struct SimulatedWindow {
-  Text ClassName;
-  std::uint32_t Style = 0;
-  bool Visible = true;
-  bool Minimized = false;
+  Text class_name;
+  std::uint32_t style = 0;
+  bool visible = true;
+  bool minimized = false;
 };
 
 class HeadlessDesktop : public Desktop {
@@ -28,12 +28,12 @@ class HeadlessDesktop : public Desktop {
   std::uint64_t Milliseconds() override { return milliseconds_ += milliseconds_per_look_; }
 
   void EnumTop(const std::function<bool(WindowHandle)>& visit) override;
-  Text ClassOf(WindowHandle window) override { return WindowAt(window).ClassName; }
-  std::uint32_t StyleOf(WindowHandle window) override { return WindowAt(window).Style; }
-  bool IsVisible(WindowHandle window) override { return WindowAt(window).Visible; }
+  Text ClassOf(WindowHandle window) override { return WindowAt(window).class_name; }
+  std::uint32_t StyleOf(WindowHandle window) override { return WindowAt(window).style; }
+  bool IsVisible(WindowHandle window) override { return WindowAt(window).visible; }
   WindowHandle Foreground() override { return foreground_; }
   void BringToFront(WindowHandle window) override { foreground_ = window; }
-  void Minimize(WindowHandle window) override { WindowAt(window).Minimized = true; }
+  void Minimize(WindowHandle window) override { WindowAt(window).minimized = true; }
 
   Text ClipboardText() override { return clipboard_; }
   void SetClipboardText(const Text& text) override { clipboard_ = text; }

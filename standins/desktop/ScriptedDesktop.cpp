@@ -21,13 +21,13 @@ void ScriptedDesktop::OnInput(std::optional<Text> entry) {
 void ScriptedDesktop::ExpectNothingLeft() {
   static constexpr const char* kWords[] = {"form", "message box", "input box"};
   for (const Step& step : script_)
-    fail_(std::string("a ") + kWords[static_cast<int>(step.What)] + " was expected and never came");
+    fail_(std::string("a ") + kWords[static_cast<int>(step.what)] + " was expected and never came");
   script_.clear();
 }
 
 void ScriptedDesktop::Use(Form& form) {
   if (auto step = Next(Kind::kForm, form.Caption)) {
-    step->Do(&form, nullptr);
+    step->act(&form, nullptr);
     if (form.IsOpen()) Fail("the user left a form open", form.Caption);
   }
 }
@@ -35,16 +35,16 @@ void ScriptedDesktop::Use(Form& form) {
 Answer ScriptedDesktop::AnswerTo(const Message& message) {
   auto step = Next(Kind::kMessage, message.Body);
   if (!step) return message.Buttons == Buttons::kYesNo ? Answer::kNo : Answer::kOk;
-  return step->Do(nullptr, &message);
+  return step->act(nullptr, &message);
 }
 
 std::optional<Text> ScriptedDesktop::TextFor(const Text& title, const Text&) {
   auto step = Next(Kind::kInput, title);
-  return step ? step->Entry : std::nullopt;
+  return step ? step->entry : std::nullopt;
 }
 
 std::optional<ScriptedDesktop::Step> ScriptedDesktop::Next(Kind kind, TextView what_came) {
-  if (script_.empty() || script_.front().What != kind) {
+  if (script_.empty() || script_.front().what != kind) {
     Fail("not expected", Text(what_came));
     return std::nullopt;
   }

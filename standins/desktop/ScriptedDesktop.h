@@ -45,9 +45,9 @@ class ScriptedDesktop : public HeadlessDesktop {
  private:
   enum class Kind { kForm, kMessage, kInput };
   struct Step {
-    Kind What;
-    std::function<Answer(Form*, const Message*)> Do;
-    std::optional<Text> Entry;
+    Kind what;
+    std::function<Answer(Form*, const Message*)> act;
+    std::optional<Text> entry;
   };
 
   /// Takes the next step if it is of this kind; otherwise fails, naming what came.

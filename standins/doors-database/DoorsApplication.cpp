@@ -5,15 +5,15 @@ namespace kestrune::standins {
 const DoorsApplication::Members& DoorsApplication::Table() {
   static const Members table = {
       {u"Result",
-       {.Get = [](DoorsApplication& self) { return Variant(self.doors_->result_); },
-        .Put = [](DoorsApplication& self, const Variant& value) { self.doors_->result_ = value.ToText(); }}},
+       {.get = [](DoorsApplication& self) { return Variant(self.doors_->result_); },
+        .put = [](DoorsApplication& self, const Variant& value) { self.doors_->result_ = value.ToText(); }}},
       {u"RunStr",
-       {.Call =
+       {.call =
             [](DoorsApplication& self, const Args& args) {
               self.doors_->RunStr(args[0].ToText());
               return Variant();
             },
-        .ArgCount = 1}},
+        .arg_count = 1}},
   };
   return table;
 }

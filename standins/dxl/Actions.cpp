@@ -92,7 +92,7 @@ Next CollectionAction::Start(Machine& machine) const {
     Call call(machine.State(), collection, {&loop_.collection, 1});
     return loop_.start(call);
   } catch (const ScriptError& error) {
-    machine.Fail(at, error.Message, kVoid);
+    machine.Fail(at, error.message, kVoid);
     return {};
   }
 }
@@ -105,7 +105,7 @@ bool CollectionAction::Advance(const Next& next, Machine& machine) const {
     if (element.Kind() != variable_type_)
       throw ScriptError(u"value of another type than the loop's variable");
   } catch (const ScriptError& error) {
-    machine.Fail(at, error.Message, kVoid);
+    machine.Fail(at, error.message, kVoid);
     return false;
   }
   *variable_->Locate(machine) = std::move(element);

@@ -11,7 +11,7 @@ Value PermNode::Evaluate(Machine& machine) const {
     Call call(machine.State(), {arguments.data(), arguments_.size()}, types_);
     return Promised(perm_.run(call), perm_.result);
   } catch (const ScriptError& error) {
-    return machine.Fail(at, error.Message, perm_.result);
+    return machine.Fail(at, error.message, perm_.result);
   }
 }
 

@@ -25,8 +25,8 @@ struct Error {
 /// text and goes on.
 struct ScriptError : std::runtime_error {
   /// A long message, as of a perm that names its argument, is cut.
-  explicit ScriptError(TextView message) : runtime_error(ToUtf8(Cut(message))), Message(Cut(message)) {}
-  Text Message;
+  explicit ScriptError(TextView message) : runtime_error(ToUtf8(Cut(message))), message(Cut(message)) {}
+  Text message;
 
  private:
   static TextView Cut(TextView message) {

@@ -8,7 +8,7 @@ Value BinaryNode::Evaluate(Machine& machine) const {
   try {
     return run_(left, right);
   } catch (const ScriptError& error) {
-    return machine.Fail(at, error.Message, result_);
+    return machine.Fail(at, error.message, result_);
   }
 }
 
@@ -25,7 +25,7 @@ Value ExtendNode::Evaluate(Machine& machine) const {
       target = Value(std::move(text));
     }
   } catch (const ScriptError& error) {
-    machine.Fail(at, error.Message, kVoid);
+    machine.Fail(at, error.message, kVoid);
     target = Value::Default(kString);
   }
   return target;
@@ -38,7 +38,7 @@ Value CompoundNode::Evaluate(Machine& machine) const {
   try {
     return target = run_(left, right);
   } catch (const ScriptError& error) {
-    return machine.Fail(at, error.Message, left.Kind());
+    return machine.Fail(at, error.message, left.Kind());
   }
 }
 

@@ -8,9 +8,9 @@ namespace {
 
 /// What saving has to know of the row that is already there.
 struct StoredElement {
-  std::int32_t PackageId;
-  std::int32_t ParentId;
-  Text Name;
+  std::int32_t package_id;
+  std::int32_t parent_id;
+  Text name;
 };
 
 Text ElementName(std::int32_t id) {
@@ -20,7 +20,7 @@ Text ElementName(std::int32_t id) {
 std::string JoinColumns(const char* after_each) {
   std::string joined;
   for (const ElementField& field : kElementFields)
-    joined.append(", ").append(field.Column).append(after_each);
+    joined.append(", ").append(field.column).append(after_each);
   return joined;
 }
 
@@ -51,8 +51,8 @@ StoredElement OpenElement(Database& model, std::int32_t id) {
 
 /// A package is renamed and moved as a package; its element only follows.
 void RefuseToBreakPackage(const ElementRow& row, const StoredElement& stored) {
-  const bool same =
-      row.Fields[kNameField].ToText() == stored.Name && row.Fields[kPackageField].ToInt() == stored.PackageId;
+  const bool same = row.fields[kNameField].ToText() == stored.name &&
+                    row.fields[kPackageField].ToInt() == stored.package_id;
   if (!same) RefuseByHost(u"The element of a package cannot be renamed or moved without the package");
 }
 
@@ -80,18 +80,18 @@ void CheckParent(Database& model, std::int32_t id, std::int32_t parent_id) {
 }
 
 void CheckRow(Database& model, const ElementRow& row) {
-  RefuseLongName(row.Fields[kNameField].ToText());
+  RefuseLongName(row.fields[kNameField].ToText());
   StoredElement stored = {};
-  if (row.Id != 0) {
-    stored = OpenElement(model, row.Id);
-    if (row.Type == kPackageType) RefuseToBreakPackage(row, stored);
+  if (row.id != 0) {
+    stored = OpenElement(model, row.id);
+    if (row.type == kPackageType) RefuseToBreakPackage(row, stored);
   }
-  const std::int32_t package_id = row.Fields[kPackageField].ToInt();
-  const std::int32_t parent_id = row.Fields[kParentField].ToInt();
-  const bool is_root_package = row.Type == kPackageType && package_id == 0;
-  const bool moves = row.Id == 0 || package_id != stored.PackageId;
+  const std::int32_t package_id = row.fields[kPackageField].ToInt();
+  const std::int32_t parent_id = row.fields[kParentField].ToInt();
+  const bool is_root_package = row.type == kPackageType && package_id == 0;
+  const bool moves = row.id == 0 || package_id != stored.package_id;
   if (moves && !is_root_package) RefuseUnlessPackageOpen(model, package_id);
-  if (parent_id != stored.ParentId) CheckParent(model, row.Id, parent_id);
+  if (parent_id != stored.parent_id) CheckParent(model, row.id, parent_id);
 }
 
 }  // namespace
@@ -101,13 +101,13 @@ std::optional<ElementRow> FindElement(Database& model, std::int32_t id) {
       "SELECT Object_Type, Guid, Locked" + JoinColumns("") + " FROM t_object WHERE Object_ID = ?";
   Statement found = model.Prepare(sql, id);
   if (!found.Step()) return std::nullopt;
-  ElementRow row{.Id = id,
-                 .Type = found.GetText(0),
-                 .Guid = found.GetText(1),
-                 .Locked = found.Int(2) != 0,
-                 .Fields = {}};
+  ElementRow row{.id = id,
+                 .type = found.GetText(0),
+                 .guid = found.GetText(1),
+                 .locked = found.Int(2) != 0,
+                 .fields = {}};
   for (std::size_t i = 0; i < kElementFields.size(); ++i)
-    row.Fields[i] = FieldOf(found, static_cast<int>(i) + 3, kElementFields[i].IsNumber);
+    row.fields[i] = FieldOf(found, static_cast<int>(i) + 3, kElementFields[i].is_number);
   return row;
 }
 
@@ -117,12 +117,12 @@ void SaveElement(Database& model, ElementRow& row) {
   static const std::string update =
       "UPDATE t_object SET Object_Type = ?, Guid = ?" + JoinColumns(" = ?") + " WHERE Object_ID = ?";
   CheckRow(model, row);
-  Statement statement = model.Prepare(row.Id == 0 ? insert : update, row.Type, row.Guid);
+  Statement statement = model.Prepare(row.id == 0 ? insert : update, row.type, row.guid);
   int parameter = 2;
-  for (const Variant& field : row.Fields) statement.BindAt(++parameter, field);
-  if (row.Id != 0) statement.BindAt(++parameter, row.Id);
+  for (const Variant& field : row.fields) statement.BindAt(++parameter, field);
+  if (row.id != 0) statement.BindAt(++parameter, row.id);
   statement.Run();
-  if (row.Id == 0) row.Id = static_cast<std::int32_t>(model.LastInsertId());
+  if (row.id == 0) row.id = static_cast<std::int32_t>(model.LastInsertId());
 }
 
 void DeleteElement(Database& model, std::int32_t id) {

@@ -10,9 +10,9 @@ namespace kestrune::standins {
 
 /// A member of an element that can be written, and the column of t_object that keeps it.
 struct ElementField {
-  const char16_t* Member;
-  const char* Column;
-  bool IsNumber;
+  const char16_t* member;
+  const char* column;
+  bool is_number;
 };
 inline constexpr std::array kElementFields = {
     ElementField{u"Name", "Name", false},           ElementField{u"Notes", "Note", false},
@@ -32,16 +32,16 @@ inline constexpr std::size_t kMaxNameLength = 255;  // UTF-16 units, of elements
 inline constexpr const char16_t* kPackageType = u"Package";
 
 struct ElementRow {
-  std::int32_t Id = 0;  // 0 until the row is in the table
-  Text Type;
-  Text Guid;
-  bool Locked = false;
-  std::array<Variant, kElementFields.size()> Fields;  // Empty where nothing was ever stored
+  std::int32_t id = 0;  // 0 until the row is in the table
+  Text type;
+  Text guid;
+  bool locked = false;
+  std::array<Variant, kElementFields.size()> fields;  // Empty where nothing was ever stored
 };
 
 std::optional<ElementRow> FindElement(Database& model, std::int32_t id);
 
-/// Adds a row with Id 0 and gives it its id, or rewrites the row with that id. Throws AutomationError when
+/// Adds a row with id 0 and gives it its id, or rewrites the row with that id. Throws AutomationError when
 /// the host's rules forbid it: the name's length, locks, a package or a parent element that does not exist, a
 /// circle of parents.
 void SaveElement(Database& model, ElementRow& row);

@@ -13,18 +13,18 @@
 namespace kestrune::standins {
 
 struct OutputLine {
-  Text Line;
-  std::int32_t ItemId;
+  Text line;
+  std::int32_t item_id;
 };
 
 struct Host {
-  Database Model;
-  HostCounters Counters = {};
-  HostFaults Faults = {};
-  std::map<Text, std::vector<OutputLine>, std::less<>> OutputTabs = {};
-  std::vector<std::int32_t> RefreshedPackages = {};
-  std::int32_t LibraryBuild = 900;
-  ColumnSpelling Columns = ColumnSpelling::kAsWritten;
+  Database model;
+  HostCounters counters = {};
+  HostFaults faults = {};
+  std::map<Text, std::vector<OutputLine>, std::less<>> output_tabs = {};
+  std::vector<std::int32_t> refreshed_packages = {};
+  std::int32_t library_build = 900;
+  ColumnSpelling columns = ColumnSpelling::kAsWritten;
 };
 using HostPtr = std::shared_ptr<Host>;
 
@@ -42,8 +42,8 @@ class HostObject : public StandInObject<Self> {
   explicit HostObject(HostPtr host) : host_(std::move(host)) {}
 
   void BeforeInvoke(Access access, TextView member) final {
-    host_->Counters.CountCall(Self::kClassName, access, member);
-    host_->Faults.OnCall();
+    host_->counters.CountCall(Self::kClassName, access, member);
+    host_->faults.OnCall();
   }
 
   HostPtr host_;

@@ -25,12 +25,12 @@ class HostCollection : public HostObject<Self> {
 
   static const Members& Table() {
     static const Members table = {
-        {u"Count", {.Get = &HostCollection::Count}},
-        {u"GetAt", {.Call = &HostCollection::GetAt, .ArgCount = 1}},
-        {u"GetByName", {.Call = &HostCollection::GetByName, .ArgCount = 1}},
-        {u"AddNew", {.Call = &HostCollection::MakeNew, .ArgCount = 2}},
-        {u"DeleteAt", {.Call = &HostCollection::DeleteAt, .ArgCount = 2}},
-        {u"Refresh", {.Call = &HostCollection::Refresh}},
+        {u"Count", {.get = &HostCollection::Count}},
+        {u"GetAt", {.call = &HostCollection::GetAt, .arg_count = 1}},
+        {u"GetByName", {.call = &HostCollection::GetByName, .arg_count = 1}},
+        {u"AddNew", {.call = &HostCollection::MakeNew, .arg_count = 2}},
+        {u"DeleteAt", {.call = &HostCollection::DeleteAt, .arg_count = 2}},
+        {u"Refresh", {.call = &HostCollection::Refresh}},
     };
     return table;
   }

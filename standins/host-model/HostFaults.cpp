@@ -25,7 +25,7 @@ void HostFaults::OnCall() {
 void HostFaults::Raise(const Orders& orders, TextView name, Moment moment) {
   if (orders.empty()) return;
   const auto found = orders.find(name);
-  if (found != orders.end() && found->second.When == moment) throw found->second.Failure;
+  if (found != orders.end() && found->second.when == moment) throw found->second.failure;
 }
 
 }  // namespace kestrune::standins

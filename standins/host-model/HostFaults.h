@@ -27,8 +27,8 @@ class HostFaults {
 
  private:
   struct Order {
-    Moment When;
-    AutomationError Failure;
+    Moment when;
+    AutomationError failure;
   };
   using Orders = std::map<Text, Order, std::less<>>;
   static void Raise(const Orders& orders, TextView name, Moment moment);

@@ -20,31 +20,31 @@ class PackageContent {
         " WHERE Package_ID = ? AND Object_Type <> 'Package' ORDER BY TPos, Object_ID",
         package_id);
     while (rows.Step()) {
-      elements_.push_back({.Id = rows.Int(0),
-                           .ParentId = rows.Int(1),
-                           .PackageId = package_id,
-                           .TreePos = rows.Int(2),
-                           .Depth = 0,
-                           .Name = rows.GetText(3),
-                           .Type = rows.GetText(4),
-                           .TaggedValues = {}});
+      elements_.push_back({.id = rows.Int(0),
+                           .parent_id = rows.Int(1),
+                           .package_id = package_id,
+                           .tree_pos = rows.Int(2),
+                           .depth = 0,
+                           .name = rows.GetText(3),
+                           .type = rows.GetText(4),
+                           .tagged_values = {}});
     }
   }
 
   /// Appends the elements to `items`, those at the top with `depth`.
   void AppendTo(std::vector<TreeItem>& items, std::int32_t depth) {
-    for (std::size_t i = 0; i < elements_.size(); ++i) index_.emplace(elements_[i].Id, i);
-    for (std::size_t i = 0; i < elements_.size(); ++i) children_[elements_[i].ParentId].push_back(i);
+    for (std::size_t i = 0; i < elements_.size(); ++i) index_.emplace(elements_[i].id, i);
+    for (std::size_t i = 0; i < elements_.size(); ++i) children_[elements_[i].parent_id].push_back(i);
     for (std::size_t i = 0; i < elements_.size(); ++i)
-      if (!index_.count(elements_[i].ParentId)) AppendBranch(items, i, depth);
+      if (!index_.count(elements_[i].parent_id)) AppendBranch(items, i, depth);
     for (std::size_t i = 0; i < elements_.size(); ++i)
       AppendBranch(items, i, depth);  // what only circles reach
   }
 
  private:
   struct Pending {
-    std::size_t Index;
-    std::int32_t Depth;
+    std::size_t index;
+    std::int32_t depth;
   };
 
   void AppendBranch(std::vector<TreeItem>& items, std::size_t top, std::int32_t depth) {
@@ -52,13 +52,13 @@ class PackageContent {
     while (!pending.empty()) {
       const Pending next = pending.back();
       pending.pop_back();
-      TreeItem& element = elements_[next.Index];
-      if (!listed_.insert(element.Id).second) continue;
-      element.Depth = next.Depth;
+      TreeItem& element = elements_[next.index];
+      if (!listed_.insert(element.id).second) continue;
+      element.depth = next.depth;
       items.push_back(element);
-      const std::vector<std::size_t>& below = children_[element.Id];
+      const std::vector<std::size_t>& below = children_[element.id];
       for (auto child = below.rbegin(); child != below.rend(); ++child)
-        pending.push_back({*child, next.Depth + 1});
+        pending.push_back({*child, next.depth + 1});
     }
   }
 
@@ -69,8 +69,8 @@ class PackageContent {
 };
 
 struct PendingPackage {
-  std::int32_t Id;
-  TreeItem Item;
+  std::int32_t id;
+  TreeItem item;
 };
 
 /// The child packages, last one first, as a stack wants them.
@@ -83,14 +83,14 @@ std::vector<PendingPackage> ChildPackages(Database& model, std::int32_t package_
   std::vector<PendingPackage> packages;
   while (rows.Step()) {
     packages.push_back({rows.Int(0),
-                        {.Id = rows.Int(1),
-                         .ParentId = 0,
-                         .PackageId = package_id,
-                         .TreePos = rows.Int(2),
-                         .Depth = depth,
-                         .Name = rows.GetText(3),
-                         .Type = kPackageType,
-                         .TaggedValues = {}}});
+                        {.id = rows.Int(1),
+                         .parent_id = 0,
+                         .package_id = package_id,
+                         .tree_pos = rows.Int(2),
+                         .depth = depth,
+                         .name = rows.GetText(3),
+                         .type = kPackageType,
+                         .tagged_values = {}}});
   }
   return packages;
 }
@@ -98,13 +98,13 @@ std::vector<PendingPackage> ChildPackages(Database& model, std::int32_t package_
 void AddTaggedValues(Database& model, TreeItem& item) {
   Statement rows = model.Prepare(
       "SELECT PropertyID, Property, Value, Notes FROM t_objectproperties WHERE Object_ID = ? ORDER BY 1",
-      item.Id);
+      item.id);
   while (rows.Step()) {
-    item.TaggedValues.push_back({.Id = rows.Int(0),
-                                 .ElementId = item.Id,
-                                 .Name = rows.GetText(1),
-                                 .Value = rows.GetText(2),
-                                 .Notes = rows.GetText(3)});
+    item.tagged_values.push_back({.id = rows.Int(0),
+                                  .element_id = item.id,
+                                  .name = rows.GetText(1),
+                                  .value = rows.GetText(2),
+                                  .notes = rows.GetText(3)});
   }
 }
 
@@ -118,11 +118,11 @@ std::vector<TreeItem> ListTree(Database& model, std::int32_t package_id) {
   while (!pending.empty()) {
     const PendingPackage package = std::move(pending.back());
     pending.pop_back();
-    if (!seen.insert(package.Id).second) continue;
-    items.push_back(package.Item);
-    const std::int32_t depth = package.Item.Depth + 1;
-    PackageContent(model, package.Id).AppendTo(items, depth);
-    for (PendingPackage& child : ChildPackages(model, package.Id, depth)) pending.push_back(std::move(child));
+    if (!seen.insert(package.id).second) continue;
+    items.push_back(package.item);
+    const std::int32_t depth = package.item.depth + 1;
+    PackageContent(model, package.id).AppendTo(items, depth);
+    for (PendingPackage& child : ChildPackages(model, package.id, depth)) pending.push_back(std::move(child));
   }
   for (TreeItem& item : items) AddTaggedValues(model, item);
   return items;

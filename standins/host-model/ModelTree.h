@@ -6,14 +6,14 @@
 namespace kestrune::standins {
 
 struct TreeItem {
-  std::int32_t Id = 0;  // of the element; a child package is the item of its own element, of type Package
-  std::int32_t ParentId = 0;
-  std::int32_t PackageId = 0;
-  std::int32_t TreePos = 0;
-  std::int32_t Depth = 0;  // 0 for what lies at the top of the listed package
-  Text Name;
-  Text Type;
-  std::vector<TaggedValueRow> TaggedValues;  // in the order of their making
+  std::int32_t id = 0;  // of the element; a child package is the item of its own element, of type Package
+  std::int32_t parent_id = 0;
+  std::int32_t package_id = 0;
+  std::int32_t tree_pos = 0;
+  std::int32_t depth = 0;  // 0 for what lies at the top of the listed package
+  Text name;
+  Text type;
+  std::vector<TaggedValueRow> tagged_values;  // in the order of their making
 };
 
 /// All below the package: its elements, each followed by those that have it as their parent, in the order of

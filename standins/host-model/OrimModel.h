@@ -10,12 +10,12 @@
 namespace kestrune::standins {
 
 struct PackageInfo {
-  std::int32_t Id;
-  std::int32_t ParentId;   // 0 for a root package
-  std::int32_t ElementId;  // of the package's own element
-  Text Guid;
-  Text Name;
-  Text Path;  // the names from the root package down, with "/" between them
+  std::int32_t id;
+  std::int32_t parent_id;   // 0 for a root package
+  std::int32_t element_id;  // of the package's own element
+  Text guid;
+  Text name;
+  Text path;  // the names from the root package down, with "/" between them
 };
 
 /// The model is an SQLite file with the host's tables; everything that an add-in does goes through
@@ -49,14 +49,14 @@ class OrimModel {
   /// Locks or unlocks an element; a package is locked by its own element.
   void SetLocked(std::int32_t element_id, bool locked);
 
-  HostCounters& Counters() { return host_->Counters; }
-  HostFaults& Faults() { return host_->Faults; }
-  void SetLibraryBuild(std::int32_t build) { host_->LibraryBuild = build; }
-  void SetColumnSpelling(ColumnSpelling spelling) { host_->Columns = spelling; }
+  HostCounters& Counters() { return host_->counters; }
+  HostFaults& Faults() { return host_->faults; }
+  void SetLibraryBuild(std::int32_t build) { host_->library_build = build; }
+  void SetColumnSpelling(ColumnSpelling spelling) { host_->columns = spelling; }
   /// What was written to an output tab; refused when the tab was never made.
   const std::vector<OutputLine>& OutputLines(TextView tab) const;
   /// The ids with which the view was refreshed, in order.
-  const std::vector<std::int32_t>& RefreshedPackages() const { return host_->RefreshedPackages; }
+  const std::vector<std::int32_t>& RefreshedPackages() const { return host_->refreshed_packages; }
 
  private:
   explicit OrimModel(HostPtr host) : host_(std::move(host)) {}

@@ -17,30 +17,30 @@ Object ObjectOf(const HostPtr& host, std::optional<PackageRow> row, Text what) {
 const PackageObject::Members& PackageObject::Table() {
   using Self = PackageObject;
   static const Members table = {
-      {u"PackageID", {.Get = [](Self& self) { return Variant(self.row_.Id); }}},
-      {u"PackageGuid", {.Get = [](Self& self) { return Variant(self.row_.Guid); }}},
+      {u"PackageID", {.get = [](Self& self) { return Variant(self.row_.id); }}},
+      {u"PackageGuid", {.get = [](Self& self) { return Variant(self.row_.guid); }}},
       {u"Name",
-       {.Get = [](Self& self) { return Variant(self.row_.Name); },
-        .Put = [](Self& self, const Variant& value) { self.row_.Name = value.ToText(); }}},
+       {.get = [](Self& self) { return Variant(self.row_.name); },
+        .put = [](Self& self, const Variant& value) { self.row_.name = value.ToText(); }}},
       {u"Flags",
-       {.Get = [](Self& self) { return Variant(self.row_.Flags); },
-        .Put = [](Self& self, const Variant& value) { self.row_.Flags = value.ToText(); }}},
-      {u"Element", {.Get = &Self::Element}},
-      {u"Packages", {.Get = &Self::Children<PackageCollection>}},
-      {u"Elements", {.Get = &Self::Children<ElementCollection>}},
-      {u"Save", {.Call = &Self::Save}},
+       {.get = [](Self& self) { return Variant(self.row_.flags); },
+        .put = [](Self& self, const Variant& value) { self.row_.flags = value.ToText(); }}},
+      {u"Element", {.get = &Self::Element}},
+      {u"Packages", {.get = &Self::Children<PackageCollection>}},
+      {u"Elements", {.get = &Self::Children<ElementCollection>}},
+      {u"Save", {.call = &Self::Save}},
   };
   return table;
 }
 
 std::int32_t PackageObject::SavedId() const {
-  if (row_.Id == 0) RefuseByHost(u"The package \"" + row_.Name + u"\" is not saved yet");
-  return row_.Id;
+  if (row_.id == 0) RefuseByHost(u"The package \"" + row_.name + u"\" is not saved yet");
+  return row_.id;
 }
 
 Variant PackageObject::Element() {
   SavedId();
-  return ElementById(host_, row_.ElementId);
+  return ElementById(host_, row_.element_id);
 }
 
 template <typename Collection>
@@ -49,17 +49,17 @@ Variant PackageObject::Children() {
 }
 
 Variant PackageObject::Save(const Args&) {
-  SavePackage(host_->Model, row_);
-  host_->Counters.CountWrite();
+  SavePackage(host_->model, row_);
+  host_->counters.CountWrite();
   return {};
 }
 
 Object PackageById(const HostPtr& host, std::int32_t id) {
-  return ObjectOf(host, FindPackage(host->Model, id), u"Package " + ToText(id));
+  return ObjectOf(host, FindPackage(host->model, id), u"Package " + ToText(id));
 }
 
 Object PackageByGuid(const HostPtr& host, TextView guid) {
-  return ObjectOf(host, FindPackageByGuid(host->Model, guid), Text(u"Package ").append(guid));
+  return ObjectOf(host, FindPackageByGuid(host->model, guid), Text(u"Package ").append(guid));
 }
 
 }  // namespace kestrune::standins

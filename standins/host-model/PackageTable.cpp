@@ -8,34 +8,34 @@ namespace {
 
 std::optional<PackageRow> ReadRow(Statement found) {
   if (!found.Step()) return std::nullopt;
-  return PackageRow{.Id = found.Int(0),
-                    .ParentId = found.Int(1),
-                    .ElementId = found.Int(2),
-                    .Guid = found.GetText(3),
-                    .Name = found.GetText(4),
-                    .Flags = found.GetText(5)};
+  return PackageRow{.id = found.Int(0),
+                    .parent_id = found.Int(1),
+                    .element_id = found.Int(2),
+                    .guid = found.GetText(3),
+                    .name = found.GetText(4),
+                    .flags = found.GetText(5)};
 }
 
 void Insert(Database& model, PackageRow& row) {
-  ElementRow own{.Id = 0, .Type = kPackageType, .Guid = row.Guid, .Locked = false, .Fields = {}};
-  own.Fields[kNameField] = row.Name;
-  own.Fields[kPackageField] = row.ParentId;
-  own.Fields[kParentField] = 0;
-  own.Fields[kTreePosField] = 0;
+  ElementRow own{.id = 0, .type = kPackageType, .guid = row.guid, .locked = false, .fields = {}};
+  own.fields[kNameField] = row.name;
+  own.fields[kPackageField] = row.parent_id;
+  own.fields[kParentField] = 0;
+  own.fields[kTreePosField] = 0;
   SaveElement(model, own);
   model
       .Prepare("INSERT INTO t_package (Parent_ID, Element_ID, Guid, Name, Flags) VALUES (?, ?, ?, ?, ?)",
-               row.ParentId, own.Id, row.Guid, row.Name, row.Flags)
+               row.parent_id, own.id, row.guid, row.name, row.flags)
       .Run();
-  row.ElementId = own.Id;
-  row.Id = static_cast<std::int32_t>(model.LastInsertId());
+  row.element_id = own.id;
+  row.id = static_cast<std::int32_t>(model.LastInsertId());
 }
 
 void Update(Database& model, const PackageRow& row) {
-  RefuseLongName(row.Name);
-  RefuseUnlessOpen(model, row.ElementId);
-  model.Prepare("UPDATE t_object SET Name = ? WHERE Object_ID = ?", row.Name, row.ElementId).Run();
-  model.Prepare("UPDATE t_package SET Name = ?, Flags = ? WHERE Package_ID = ?", row.Name, row.Flags, row.Id)
+  RefuseLongName(row.name);
+  RefuseUnlessOpen(model, row.element_id);
+  model.Prepare("UPDATE t_object SET Name = ? WHERE Object_ID = ?", row.name, row.element_id).Run();
+  model.Prepare("UPDATE t_package SET Name = ?, Flags = ? WHERE Package_ID = ?", row.name, row.flags, row.id)
       .Run();
 }
 
@@ -54,7 +54,7 @@ std::optional<PackageRow> FindPackageByGuid(Database& model, TextView guid) {
 void SavePackage(Database& model, PackageRow& row) {
   PackageRow saved = row;
   Transaction transaction(model);
-  if (saved.Id == 0)
+  if (saved.id == 0)
     Insert(model, saved);
   else
     Update(model, saved);

@@ -7,8 +7,8 @@ namespace kestrune::standins {
 namespace {
 
 struct Tags {
-  Text Open;
-  Text Close;
+  Text open;
+  Text close;
 };
 
 [[noreturn]] void Refuse(Text why) {
@@ -106,9 +106,9 @@ Text QueryXml(Database& database, TextView sql, ColumnSpelling spelling) {
     xml += u"<Row>";
     for (int column = 0; column < static_cast<int>(tags.size()); ++column) {
       if (rows.IsNull(column)) continue;
-      xml += tags[column].Open;
+      xml += tags[column].open;
       AppendEscaped(xml, rows.View(column));
-      xml += tags[column].Close;
+      xml += tags[column].close;
     }
     xml += u"</Row>";
   }

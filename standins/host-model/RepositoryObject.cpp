@@ -10,18 +10,18 @@ namespace kestrune::standins {
 const RepositoryObject::Members& RepositoryObject::Table() {
   using Self = RepositoryObject;
   static const Members table = {
-      {u"LibraryBuild", {.Get = &Self::LibraryBuild}},
-      {u"PackageByID", {.Call = &Self::FindPackageById, .ArgCount = 1}},
-      {u"PackageByGuid", {.Call = &Self::FindPackageByGuid, .ArgCount = 1}},
-      {u"ElementByID", {.Call = &Self::FindElementById, .ArgCount = 1}},
-      {u"SelectedPackage", {.Call = &Self::SelectedPackage}},
-      {u"ContextItem", {.Call = &Self::ContextItem}},
-      {u"ContextItemType", {.Call = &Self::ContextItemType}},
-      {u"Query", {.Call = &Self::Query, .ArgCount = 1}},
-      {u"CreateOutputTab", {.Call = &Self::CreateOutputTab, .ArgCount = 1}},
-      {u"WriteOutput", {.Call = &Self::WriteOutput, .ArgCount = 3}},
-      {u"RefreshModelView", {.Call = &Self::RefreshModelView, .ArgCount = 1}},
-      {u"NotesFromFormat", {.Call = &Self::NotesFromFormat, .ArgCount = 2}},
+      {u"LibraryBuild", {.get = &Self::LibraryBuild}},
+      {u"PackageByID", {.call = &Self::FindPackageById, .arg_count = 1}},
+      {u"PackageByGuid", {.call = &Self::FindPackageByGuid, .arg_count = 1}},
+      {u"ElementByID", {.call = &Self::FindElementById, .arg_count = 1}},
+      {u"SelectedPackage", {.call = &Self::SelectedPackage}},
+      {u"ContextItem", {.call = &Self::ContextItem}},
+      {u"ContextItemType", {.call = &Self::ContextItemType}},
+      {u"Query", {.call = &Self::Query, .arg_count = 1}},
+      {u"CreateOutputTab", {.call = &Self::CreateOutputTab, .arg_count = 1}},
+      {u"WriteOutput", {.call = &Self::WriteOutput, .arg_count = 3}},
+      {u"RefreshModelView", {.call = &Self::RefreshModelView, .arg_count = 1}},
+      {u"NotesFromFormat", {.call = &Self::NotesFromFormat, .arg_count = 2}},
   };
   return table;
 }
@@ -39,40 +39,40 @@ Variant RepositoryObject::FindElementById(const Args& args) {
 }
 
 Variant RepositoryObject::SelectedPackage(const Args&) {
-  const Selection selection = ReadSelection(host_->Model);
-  if (selection.PackageId == 0) return {};
-  return PackageById(host_, selection.PackageId);
+  const Selection selection = ReadSelection(host_->model);
+  if (selection.package_id == 0) return {};
+  return PackageById(host_, selection.package_id);
 }
 
 Variant RepositoryObject::ContextItem(const Args&) {
-  const Selection selection = ReadSelection(host_->Model);
-  if (selection.Type() == ContextType::kElement) return ElementById(host_, selection.ElementId);
+  const Selection selection = ReadSelection(host_->model);
+  if (selection.Type() == ContextType::kElement) return ElementById(host_, selection.element_id);
   return SelectedPackage();
 }
 
 Variant RepositoryObject::ContextItemType(const Args&) {
-  return static_cast<std::int32_t>(ReadSelection(host_->Model).Type());
+  return static_cast<std::int32_t>(ReadSelection(host_->model).Type());
 }
 
 Variant RepositoryObject::Query(const Args& args) {
-  return QueryXml(host_->Model, args[0].ToText(), host_->Columns);
+  return QueryXml(host_->model, args[0].ToText(), host_->columns);
 }
 
 Variant RepositoryObject::CreateOutputTab(const Args& args) {
-  host_->OutputTabs.try_emplace(args[0].ToText());
+  host_->output_tabs.try_emplace(args[0].ToText());
   return {};
 }
 
 Variant RepositoryObject::WriteOutput(const Args& args) {
   const Text tab = args[0].ToText();
-  const auto found = host_->OutputTabs.find(tab);
-  if (found == host_->OutputTabs.end()) RefuseByHost(u"There is no output tab \"" + tab + u"\"");
+  const auto found = host_->output_tabs.find(tab);
+  if (found == host_->output_tabs.end()) RefuseByHost(u"There is no output tab \"" + tab + u"\"");
   found->second.push_back({args[1].ToText(), args[2].ToInt()});
   return {};
 }
 
 Variant RepositoryObject::RefreshModelView(const Args& args) {
-  host_->RefreshedPackages.push_back(args[0].ToInt());
+  host_->refreshed_packages.push_back(args[0].ToInt());
   return {};
 }
 

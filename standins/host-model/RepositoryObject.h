@@ -13,7 +13,7 @@ class RepositoryObject : public HostObject<RepositoryObject> {
   explicit RepositoryObject(HostPtr host) : HostObject(std::move(host)) {}
 
  private:
-  Variant LibraryBuild() { return host_->LibraryBuild; }
+  Variant LibraryBuild() { return host_->library_build; }
   Variant FindPackageById(const Args& args);
   Variant FindPackageByGuid(const Args& args);
   Variant FindElementById(const Args& args);

@@ -10,8 +10,8 @@ Selection ReadSelection(Database& model) {
 
 void WriteSelection(Database& model, const Selection& selection) {
   model
-      .Prepare("UPDATE t_session SET Selected_Package_ID = ?, Context_Element_ID = ?", selection.PackageId,
-               selection.ElementId)
+      .Prepare("UPDATE t_session SET Selected_Package_ID = ?, Context_Element_ID = ?", selection.package_id,
+               selection.element_id)
       .Run();
 }
 

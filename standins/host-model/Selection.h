@@ -10,12 +10,12 @@ namespace kestrune::standins {
 enum class ContextType : std::int32_t { kNone = 0, kElement = 4, kPackage = 5 };
 
 struct Selection {
-  std::int32_t PackageId = 0;  // 0: nothing is selected
-  std::int32_t ElementId = 0;  // 0: the selection is the package itself
+  std::int32_t package_id = 0;  // 0: nothing is selected
+  std::int32_t element_id = 0;  // 0: the selection is the package itself
 
   ContextType Type() const {
-    if (ElementId != 0) return ContextType::kElement;
-    return PackageId != 0 ? ContextType::kPackage : ContextType::kNone;
+    if (element_id != 0) return ContextType::kElement;
+    return package_id != 0 ? ContextType::kPackage : ContextType::kNone;
   }
 };
 

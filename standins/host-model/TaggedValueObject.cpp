@@ -4,23 +4,23 @@ namespace kestrune::standins {
 
 const TaggedValueObject::Members& TaggedValueObject::Table() {
   const auto text = [](Text TaggedValueRow::*field) {
-    return Member{.Get = [field](TaggedValueObject& self) { return Variant(self.row_.*field); },
-                  .Put = [field](TaggedValueObject& self, const Variant& value) { self.Put(field, value); }};
+    return Member{.get = [field](TaggedValueObject& self) { return Variant(self.row_.*field); },
+                  .put = [field](TaggedValueObject& self, const Variant& value) { self.Put(field, value); }};
   };
   static const Members table = {
-      {u"Name", text(&TaggedValueRow::Name)},
-      {u"Value", text(&TaggedValueRow::Value)},
-      {u"Notes", text(&TaggedValueRow::Notes)},
-      {u"Save", {.Call = &TaggedValueObject::Save}},
+      {u"Name", text(&TaggedValueRow::name)},
+      {u"Value", text(&TaggedValueRow::value)},
+      {u"Notes", text(&TaggedValueRow::notes)},
+      {u"Save", {.call = &TaggedValueObject::Save}},
   };
   return table;
 }
 
 TaggedValueObject::TaggedValueObject(HostPtr host, TaggedValueRow row)
-    : HostObject(std::move(host)), row_(std::move(row)), changed_(row_.Id == 0) {}
+    : HostObject(std::move(host)), row_(std::move(row)), changed_(row_.id == 0) {}
 
 void TaggedValueObject::Put(Text TaggedValueRow::*field, const Variant& value) {
-  host_->Faults.OnTaggedValue(row_.Name, HostFaults::Moment::kPut);
+  host_->faults.OnTaggedValue(row_.name, HostFaults::Moment::kPut);
   Text text = value.ToText();
   if (row_.*field == text) return;
   row_.*field = std::move(text);
@@ -28,9 +28,9 @@ void TaggedValueObject::Put(Text TaggedValueRow::*field, const Variant& value) {
 }
 
 Variant TaggedValueObject::Save(const Args&) {
-  if (changed_) host_->Faults.OnTaggedValue(row_.Name, HostFaults::Moment::kSave);
-  SaveTaggedValue(host_->Model, row_);
-  host_->Counters.CountWrite();
+  if (changed_) host_->faults.OnTaggedValue(row_.name, HostFaults::Moment::kSave);
+  SaveTaggedValue(host_->model, row_);
+  host_->counters.CountWrite();
   changed_ = false;
   return {};
 }

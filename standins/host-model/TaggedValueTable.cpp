@@ -10,7 +10,7 @@ namespace {
 /// Runs a statement that must meet exactly the row of one tagged value.
 void RunOnRow(Database& model, Statement statement, const TaggedValueRow& row) {
   statement.Run();
-  if (model.Changes() == 0) RefuseByHost(u"The tagged value \"" + row.Name + u"\" no longer exists");
+  if (model.Changes() == 0) RefuseByHost(u"The tagged value \"" + row.name + u"\" no longer exists");
 }
 
 }  // namespace
@@ -20,35 +20,35 @@ std::optional<TaggedValueRow> FindTaggedValue(Database& model, std::int32_t id) 
       "SELECT PropertyID, Object_ID, Property, Value, Notes FROM t_objectproperties WHERE PropertyID = ?",
       id);
   if (!found.Step()) return std::nullopt;
-  return TaggedValueRow{.Id = found.Int(0),
-                        .ElementId = found.Int(1),
-                        .Name = found.GetText(2),
-                        .Value = found.GetText(3),
-                        .Notes = found.GetText(4)};
+  return TaggedValueRow{.id = found.Int(0),
+                        .element_id = found.Int(1),
+                        .name = found.GetText(2),
+                        .value = found.GetText(3),
+                        .notes = found.GetText(4)};
 }
 
 void SaveTaggedValue(Database& model, TaggedValueRow& row) {
-  if (row.Value.size() > kMaxTaggedValueLength)
-    RefuseByHost(u"The value of the tagged value \"" + row.Name + u"\" is longer than 255 characters");
-  RefuseUnlessOpen(model, row.ElementId);
-  if (row.Id == 0) {
+  if (row.value.size() > kMaxTaggedValueLength)
+    RefuseByHost(u"The value of the tagged value \"" + row.name + u"\" is longer than 255 characters");
+  RefuseUnlessOpen(model, row.element_id);
+  if (row.id == 0) {
     model
         .Prepare("INSERT INTO t_objectproperties (Object_ID, Property, Value, Notes) VALUES (?, ?, ?, ?)",
-                 row.ElementId, row.Name, row.Value, row.Notes)
+                 row.element_id, row.name, row.value, row.notes)
         .Run();
-    row.Id = static_cast<std::int32_t>(model.LastInsertId());
+    row.id = static_cast<std::int32_t>(model.LastInsertId());
     return;
   }
   RunOnRow(
       model,
       model.Prepare("UPDATE t_objectproperties SET Property = ?, Value = ?, Notes = ? WHERE PropertyID = ?",
-                    row.Name, row.Value, row.Notes, row.Id),
+                    row.name, row.value, row.notes, row.id),
       row);
 }
 
 void DeleteTaggedValue(Database& model, const TaggedValueRow& row) {
-  RefuseUnlessOpen(model, row.ElementId);
-  RunOnRow(model, model.Prepare("DELETE FROM t_objectproperties WHERE PropertyID = ?", row.Id), row);
+  RefuseUnlessOpen(model, row.element_id);
+  RunOnRow(model, model.Prepare("DELETE FROM t_objectproperties WHERE PropertyID = ?", row.id), row);
 }
 
 }  // namespace kestrune::standins

@@ -9,9 +9,9 @@ namespace kestrune::play {
 
 /// A condition of the script language, taken apart.
 struct Condition {
-  Text Subject;
-  Text What;  // "enabled" ... "row"; "" for the text itself
-  std::vector<Text> Texts;
+  Text subject;
+  Text what;  // "enabled" ... "row"; "" for the text itself
+  std::vector<Text> texts;
 };
 
 /// The condition that stands in a statement from its name number `first` on.

@@ -5,8 +5,8 @@
 namespace kestrune::play {
 
 void RequireReachable(const ControlState& state, const Text& control, const Text& dialog) {
-  if (!state.Visible) throw Refusal(control + u" of " + dialog + u" is hidden");
-  if (!state.Enabled) throw Refusal(control + u" of " + dialog + u" is disabled");
+  if (!state.visible) throw Refusal(control + u" of " + dialog + u" is hidden");
+  if (!state.enabled) throw Refusal(control + u" of " + dialog + u" is disabled");
 }
 
 void RefuseKind(const Text& control) {
@@ -14,10 +14,10 @@ void RefuseKind(const Text& control) {
 }
 
 std::size_t PlaceOf(const Text& line, const ControlState& state, const Text& control) {
-  const auto found = std::find_if(state.Rows.begin(), state.Rows.end(),
+  const auto found = std::find_if(state.rows.begin(), state.rows.end(),
                                   [&](const auto& row) { return !row.empty() && row.front() == line; });
-  if (found == state.Rows.end()) throw Refusal(control + u" has no line " + Quoted(line));
-  return static_cast<std::size_t>(found - state.Rows.begin());
+  if (found == state.rows.end()) throw Refusal(control + u" has no line " + Quoted(line));
+  return static_cast<std::size_t>(found - state.rows.begin());
 }
 
 }  // namespace kestrune::play

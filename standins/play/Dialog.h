@@ -8,11 +8,11 @@ namespace kestrune::play {
 
 /// What can be seen of a control.
 struct ControlState {
-  bool Enabled = true;
-  bool Visible = true;
-  Text Content;                         // its caption, or what it holds
-  std::vector<std::vector<Text>> Rows;  // of lists: cells; a plain list has one in each row
-  std::vector<Text> Selected;           // first cells of the selected rows
+  bool enabled = true;
+  bool visible = true;
+  Text content;                         // its caption, or what it holds
+  std::vector<std::vector<Text>> rows;  // of lists: cells; a plain list has one in each row
+  std::vector<Text> selected;           // first cells of the selected rows
 };
 
 /// A user cannot do this: the control is not there, not of that kind, disabled or hidden, or lacks the line.

@@ -29,10 +29,10 @@ std::vector<Text> SelectedIn(const ListView& table) {
 }  // namespace
 
 void FormDialog::Do(const Statement& action) {
-  const Text& verb = action.Verb;
+  const Text& verb = action.verb;
   if (verb == u"close") return form_.CloseByUser();
-  if (verb == u"press") return Reach<Button>(action.Names[0]).Press();
-  if (verb == u"drop") return Reach<ComboBox>(action.Names[0]).Drop();
+  if (verb == u"press") return Reach<Button>(action.names[0]).Press();
+  if (verb == u"drop") return Reach<ComboBox>(action.names[0]).Drop();
   if (verb == u"select") return Select(action);
   if (verb == u"doubleclick") return DoubleClick(action);
   if (verb == u"type") return Type(action);
@@ -43,18 +43,18 @@ void FormDialog::Do(const Statement& action) {
 ControlState FormDialog::Look(const Text& name) const {
   const Control& control = Find(name);
   ControlState state{control.Enabled(), control.Visible(), control.Caption(), {}, {}};
-  if (const auto* text = dynamic_cast<const TextBox*>(&control)) state.Content = text->Value();
+  if (const auto* text = dynamic_cast<const TextBox*>(&control)) state.content = text->Value();
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
-    state.Rows = RowsOf(list->Items());
-    if (list->ListIndex() >= 0) state.Selected = {list->SelectedText()};
+    state.rows = RowsOf(list->Items());
+    if (list->ListIndex() >= 0) state.selected = {list->SelectedText()};
   }
   if (const auto* box = dynamic_cast<const ComboBox*>(&control)) {
-    state.Content = box->Value();
-    state.Rows = RowsOf(box->Items());
+    state.content = box->Value();
+    state.rows = RowsOf(box->Items());
   }
   if (const auto* table = dynamic_cast<const ListView*>(&control)) {
-    state.Rows = RowsOf(*table);
-    state.Selected = SelectedIn(*table);
+    state.rows = RowsOf(*table);
+    state.selected = SelectedIn(*table);
   }
   return state;
 }
@@ -73,10 +73,10 @@ ControlClass& FormDialog::Reach(const Text& name) const {
 }
 
 void FormDialog::Select(const Statement& action) {
-  Control& control = Reach<Control>(action.Names[0]);
+  Control& control = Reach<Control>(action.names[0]);
   std::vector<std::size_t> places;
   const ControlState state = Look(control.Name());
-  for (const Text& text : action.Texts) places.push_back(PlaceOf(text, state, control.Name()));
+  for (const Text& text : action.texts) places.push_back(PlaceOf(text, state, control.Name()));
   if (auto* table = dynamic_cast<ListView*>(&control)) return table->SelectRows(places);
   if (places.size() > 1) throw Refusal(control.Name() + u" takes one line");
   if (auto* list = dynamic_cast<ListBox*>(&control)) return list->ClickItem(places.front());
@@ -85,23 +85,23 @@ void FormDialog::Select(const Statement& action) {
 }
 
 void FormDialog::DoubleClick(const Statement& action) {
-  Control& control = Reach<Control>(action.Names[0]);
-  const std::size_t place = PlaceOf(action.Texts[0], Look(control.Name()), control.Name());
+  Control& control = Reach<Control>(action.names[0]);
+  const std::size_t place = PlaceOf(action.texts[0], Look(control.Name()), control.Name());
   if (auto* table = dynamic_cast<ListView*>(&control)) return table->DoubleClickRow(place);
   if (auto* list = dynamic_cast<ListBox*>(&control)) return list->DoubleClickItem(place);
   RefuseKind(control.Name());
 }
 
 void FormDialog::Type(const Statement& action) {
-  Control& control = Reach<Control>(action.Names[0]);
-  if (auto* text = dynamic_cast<TextBox*>(&control)) return text->Type(action.Texts[0]);
-  if (auto* box = dynamic_cast<ComboBox*>(&control)) return box->Type(action.Texts[0]);
+  Control& control = Reach<Control>(action.names[0]);
+  if (auto* text = dynamic_cast<TextBox*>(&control)) return text->Type(action.texts[0]);
+  if (auto* box = dynamic_cast<ComboBox*>(&control)) return box->Type(action.texts[0]);
   RefuseKind(control.Name());
 }
 
 void FormDialog::ChooseFromMenu(const Statement& action) {
-  Menu& menu = Reach<Menu>(action.Names[0]);
-  MenuItem& item = Reach<MenuItem>(action.Names[1]);
+  Menu& menu = Reach<Menu>(action.names[0]);
+  MenuItem& item = Reach<MenuItem>(action.names[1]);
   if (!menu.IsOpen()) throw Refusal(menu.Name() + u" is not open");
   const auto& items = menu.Items();
   if (std::find(items.begin(), items.end(), &item) == items.end())

@@ -29,9 +29,9 @@ void Player::Play() {
 void Player::Use(Dialog& dialog) {
   const Text came = dialog.Name() + u" (" + Quoted(dialog.Caption()) + u") opened";
   const Statement& expected = TakeFor(u"form", came);
-  if (expected.Names[0] != dialog.Name()) Fail(expected, came);
+  if (expected.names[0] != dialog.Name()) Fail(expected, came);
   while (dialog.IsOpen()) {
-    if (!Upcoming()) Fail(script_.Statements.back(), u"the script ends while " + dialog.Name() + u" is open");
+    if (!Upcoming()) Fail(script_.statements.back(), u"the script ends while " + dialog.Name() + u" is open");
     Perform(&dialog, Take());
   }
 }
@@ -39,35 +39,35 @@ void Player::Use(Dialog& dialog) {
 Answer Player::Decide(const Message& message) {
   const Text came = u"the message box " + Quoted(message.Body) + u" came";
   const Statement& expected = TakeFor(u"answer", came);
-  if (!Matches(message.Body, expected.Texts[0])) Fail(expected, came);
-  const auto answer = ButtonOf(message, expected.Names[0]);
-  if (!answer) Fail(expected, u"the message box has no button " + expected.Names[0]);
+  if (!Matches(message.Body, expected.texts[0])) Fail(expected, came);
+  const auto answer = ButtonOf(message, expected.names[0]);
+  if (!answer) Fail(expected, u"the message box has no button " + expected.names[0]);
   return *answer;
 }
 
 std::optional<Text> Player::Enter(const Text& title) {
   const Statement& expected = TakeFor(u"input", u"the input box " + Quoted(title) + u" came");
-  if (expected.Texts.empty()) return std::nullopt;
-  return expected.Texts[0];
+  if (expected.texts.empty()) return std::nullopt;
+  return expected.texts[0];
 }
 
 const Statement* Player::Upcoming() const {
-  return taken_ < script_.Statements.size() ? &script_.Statements[taken_] : nullptr;
+  return taken_ < script_.statements.size() ? &script_.statements[taken_] : nullptr;
 }
 
 const Statement& Player::Take() {
-  return script_.Statements.at(taken_++);
+  return script_.statements.at(taken_++);
 }
 
 const Statement& Player::TakeFor(TextView verb, TextView what_came) {
-  if (!Upcoming() || Upcoming()->Verb != verb)
-    Fail(script_.Statements.at(taken_ - 1), Text(what_came) + u", which the script does not expect");
+  if (!Upcoming() || Upcoming()->verb != verb)
+    Fail(script_.statements.at(taken_ - 1), Text(what_came) + u", which the script does not expect");
   return Take();
 }
 
 const Command* Player::FindCommand(const Text& verb) const {
   const auto found = std::find_if(commands_.begin(), commands_.end(), [&](const Command& each) {
-    return Split(each.Form, u" ").front() == verb;
+    return Split(each.form, u" ").front() == verb;
   });
   return found == commands_.end() ? nullptr : &*found;
 }
@@ -82,32 +82,32 @@ void Player::Perform(Dialog* dialog, const Statement& statement) {
 
 void Player::CarryOut(Dialog* dialog, const Statement& statement) {
   for (const auto& [verb, arrival] : kArrivals)
-    if (statement.Verb == verb) Fail(statement, u"no " + Text(arrival));
-  if (statement.Verb == u"expect") return Expect(dialog, statement);
-  if (statement.Verb == u"clipboard") return desktop_.SetClipboardText(WidenLineFeeds(statement.Texts[0]));
-  if (const Command* command = FindCommand(statement.Verb)) {
-    if (dialog && !command->DuringDialogs) Fail(statement, dialog->Name() + u" is still open");
+    if (statement.verb == verb) Fail(statement, u"no " + Text(arrival));
+  if (statement.verb == u"expect") return Expect(dialog, statement);
+  if (statement.verb == u"clipboard") return desktop_.SetClipboardText(WidenLineFeeds(statement.texts[0]));
+  if (const Command* command = FindCommand(statement.verb)) {
+    if (dialog && !command->during_dialogs) Fail(statement, dialog->Name() + u" is still open");
     return Run(*command, statement);
   }
   if (!dialog) Fail(statement, u"no form is open");
-  if (statement.Verb == u"wait") return WaitIn(*dialog, statement);
+  if (statement.verb == u"wait") return WaitIn(*dialog, statement);
   dialog->Do(statement);
 }
 
 void Player::Run(const Command& command, const Statement& statement) const {
   try {
-    command.Run(statement);
+    command.run(statement);
   } catch (const ScriptError&) {
     throw;
   } catch (const std::exception& failure) {
     // It may have come from a dialog: what was done last brought it about.
-    Fail(script_.Statements.at(taken_ - 1), FromUtf8(failure.what()));
+    Fail(script_.statements.at(taken_ - 1), FromUtf8(failure.what()));
   }
 }
 
 void Player::WaitIn(Dialog& dialog, const Statement& statement) const {
-  if (statement.Names.empty()) return dialog.Wait();
-  const bool until_closed = statement.Names.size() == 2 && statement.Texts.empty();
+  if (statement.names.empty()) return dialog.Wait();
+  const bool until_closed = statement.names.size() == 2 && statement.texts.empty();
   for (int intervals = 0; intervals < kLongestWait; ++intervals) {
     if (until_closed && !dialog.IsOpen()) return;
     if (!dialog.IsOpen()) Fail(statement, dialog.Name() + u" has closed meanwhile");
@@ -119,22 +119,22 @@ void Player::WaitIn(Dialog& dialog, const Statement& statement) const {
 
 void Player::Expect(const Dialog* dialog, const Statement& statement) const {
   const Condition condition = ConditionIn(statement, 0);
-  if (const auto instead = Instead(dialog, condition)) Fail(statement, condition.Subject + u" " + *instead);
+  if (const auto instead = Instead(dialog, condition)) Fail(statement, condition.subject + u" " + *instead);
 }
 
 std::optional<Text> Player::Instead(const Dialog* dialog, const Condition& condition) const {
-  return Unmet(condition, Look(dialog, condition.Subject));
+  return Unmet(condition, Look(dialog, condition.subject));
 }
 
 ControlState Player::Look(const Dialog* dialog, const Text& subject) const {
-  if (subject == u"clipboard") return {.Content = desktop_.ClipboardText()};
+  if (subject == u"clipboard") return {.content = desktop_.ClipboardText()};
   if (!dialog) throw Refusal(u"no form is open");
-  if (subject == u"caption") return {.Content = dialog->Caption()};
+  if (subject == u"caption") return {.content = dialog->Caption()};
   return dialog->Look(subject);
 }
 
 void Player::Fail(const Statement& at, TextView what) const {
-  throw ScriptError(script_.File, at.Line, at.Source, what);
+  throw ScriptError(script_.file, at.line, at.source, what);
 }
 
 }  // namespace kestrune::play

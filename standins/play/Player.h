@@ -12,9 +12,9 @@ namespace kestrune::play {
 
 /// A verb that starts something outside of the dialogs.
 struct Command {
-  Text Form;  // as ParseScript takes it
-  std::function<void(const Statement&)> Run;
-  bool DuringDialogs = false;  // another program does it, so that open dialogs are no obstacle
+  Text form;  // as ParseScript takes it
+  std::function<void(const Statement&)> run;
+  bool during_dialogs = false;  // another program does it, so that open dialogs are no obstacle
 };
 
 class Player {

@@ -26,8 +26,8 @@ constexpr std::pair<char16_t, char16_t> kEscapes[] = {
     {u'"', u'"'}, {u'\\', u'\\'}, {u'n', u'\n'}, {u't', u'\t'}};
 
 struct Word {
-  Text Value;
-  bool IsText = false;
+  Text value;
+  bool is_text = false;
 };
 using Words = std::vector<Word>;
 
@@ -37,7 +37,7 @@ bool IsBlank(char16_t c) {
 
 /// What is wrong with the line at hand.
 struct Fault {
-  Text What;
+  Text what;
 };
 
 /// Cuts one line into words; throws Fault.
@@ -92,11 +92,11 @@ class LineReader {
 };
 
 bool Fits(TextView element, const Word& word) {
-  if (element.starts_with(u"TEXT")) return word.IsText;
-  if (word.IsText) return false;
+  if (element.starts_with(u"TEXT")) return word.is_text;
+  if (word.is_text) return false;
   if (element == u"NAME") return true;
   const auto choices = Split(element, u"|");
-  return std::find(choices.begin(), choices.end(), word.Value) != choices.end();
+  return std::find(choices.begin(), choices.end(), word.value) != choices.end();
 }
 
 bool Fits(const Text& form, const Words& words) {
@@ -122,17 +122,17 @@ void RequireStatement(const Words& words, const std::vector<Text>& forms) {
   Text ways;
   for (const Text& form : forms) {
     if (Fits(form, words)) return;
-    if (Split(form, u" ").front() == words.front().Value) ways += (ways.empty() ? u"" : u", or ") + form;
+    if (Split(form, u" ").front() == words.front().value) ways += (ways.empty() ? u"" : u", or ") + form;
   }
-  if (words.front().IsText || ways.empty()) throw Fault{u"there is no verb " + words.front().Value};
+  if (words.front().is_text || ways.empty()) throw Fault{u"there is no verb " + words.front().value};
   throw Fault{u"it is written " + ways};
 }
 
 Statement ToStatement(Words words) {
   Statement statement;
-  statement.Verb = std::move(words.front().Value);
+  statement.verb = std::move(words.front().value);
   for (auto word = words.begin() + 1; word != words.end(); ++word)
-    (word->IsText ? statement.Texts : statement.Names).push_back(std::move(word->Value));
+    (word->is_text ? statement.texts : statement.names).push_back(std::move(word->value));
   return statement;
 }
 
@@ -152,11 +152,11 @@ Script ParseScript(const Text& file, TextView source, const std::vector<Text>& c
       Words words = LineReader(line).Read();
       if (words.empty()) continue;
       RequireStatement(words, forms);
-      Statement& statement = script.Statements.emplace_back(ToStatement(std::move(words)));
-      statement.Line = number;
-      statement.Source = Trim(line);
+      Statement& statement = script.statements.emplace_back(ToStatement(std::move(words)));
+      statement.line = number;
+      statement.source = Trim(line);
     } catch (const Fault& fault) {
-      throw ScriptError(file, number, Trim(line), fault.What);
+      throw ScriptError(file, number, Trim(line), fault.what);
     }
   }
   return script;

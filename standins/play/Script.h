@@ -17,16 +17,16 @@
 namespace kestrune::play {
 
 struct Statement {
-  std::size_t Line = 0;  // from 1
-  Text Source;           // the line as it is written, without blanks at its ends
-  Text Verb;
-  std::vector<Text> Names;  // the bare words after the verb
-  std::vector<Text> Texts;
+  std::size_t line = 0;  // from 1
+  Text source;           // the line as it is written, without blanks at its ends
+  Text verb;
+  std::vector<Text> names;  // the bare words after the verb
+  std::vector<Text> texts;
 };
 
 struct Script {
-  Text File;
-  std::vector<Statement> Statements;
+  Text file;
+  std::vector<Statement> statements;
 };
 
 /// What is wrong with a script, or what departs from it: "file:line: what: the line".

@@ -6,7 +6,7 @@ namespace kestrune::standins {
 
 void HostSession::Load(AddIn add_in) {
   add_in_ = std::move(add_in);
-  model_.SelectPackage(package_.Id);
+  model_.SelectPackage(package_.id);
   if (add_in_->Orim_Connect(Repository()).empty()) throw CommandError(u"The add-in does not take this host.");
   add_in_->Orim_OnPostInitialized(Repository());
 }
@@ -18,7 +18,7 @@ void HostSession::Unload() {
 
 void HostSession::SelectPackage(TextView path_or_name) {
   package_ = model_.FindPackage(path_or_name);
-  model_.SelectPackage(package_.Id);
+  model_.SelectPackage(package_.id);
 }
 
 void HostSession::ClickMenu(const Text& item) {
@@ -38,7 +38,7 @@ void HostSession::Send(const Text& item) {
 
 bool HostSession::Disconnect() {
   RequireLink();
-  return add_in_->Plexa_Disconnect(Repository(), package_.Guid);
+  return add_in_->Plexa_Disconnect(Repository(), package_.guid);
 }
 
 Text HostSession::MenuName() const {
@@ -51,12 +51,12 @@ std::vector<Text> HostSession::MenuItems(const Text& menu) const {
 
 bool HostSession::IsLinked() const {
   const auto linked = add_in_->Plexa_GetConnectedPackages(Repository());
-  return std::ranges::find(linked, package_.Guid) != linked.end();
+  return std::ranges::find(linked, package_.guid) != linked.end();
 }
 
 void HostSession::RequireLink() const {
   if (!IsLinked())
-    throw CommandError(u"The package \"" + package_.Name + u"\" is not linked to a DOORS module.");
+    throw CommandError(u"The package \"" + package_.name + u"\" is not linked to a DOORS module.");
 }
 
 }  // namespace kestrune::standins

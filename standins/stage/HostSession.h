@@ -29,7 +29,7 @@ class HostSession {
   void SelectPackage(TextView path_or_name);
   /// The host's own commands that link the selected package and take its link away; true when they did.
   /// Throws CommandError when there is no link to take away.
-  bool Connect() { return add_in_->Plexa_Connect(Repository(), package_.Id, package_.Guid); }
+  bool Connect() { return add_in_->Plexa_Connect(Repository(), package_.id, package_.guid); }
   bool Disconnect();
   /// Clicks an item of the add-in's menu, given as it stands there; throws CommandError when the menu does
   /// not offer it.
@@ -38,7 +38,7 @@ class HostSession {
   /// CommandError when the package is not linked.
   void Send(const Text& item);
   /// Locks or unlocks the selected package, as another user would.
-  void SetLocked(bool locked) { model_.SetLocked(package_.ElementId, locked); }
+  void SetLocked(bool locked) { model_.SetLocked(package_.element_id, locked); }
 
  private:
   /// The items of the add-in's menu, and the menu's own name.

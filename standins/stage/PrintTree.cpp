@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t kGlimpse = 60;
 
 const TaggedValueRow* FindTag(const TreeItem& item, TextView name) {
-  for (const TaggedValueRow& tag : item.TaggedValues)
-    if (tag.Name == name) return &tag;
+  for (const TaggedValueRow& tag : item.tagged_values)
+    if (tag.name == name) return &tag;
   return nullptr;
 }
 
@@ -24,12 +24,12 @@ Text Glimpse(const orim::Element& element) {
 }
 
 void PrintItem(const TreeItem& item, const orim::Repository& repository, std::ostream& out) {
-  const bool is_package = item.Type == u"Package";
-  out << std::string(2 * (static_cast<std::size_t>(item.Depth) + 1), ' ') << ToUtf8(item.Name);
+  const bool is_package = item.type == u"Package";
+  out << std::string(2 * (static_cast<std::size_t>(item.depth) + 1), ' ') << ToUtf8(item.name);
   if (is_package) out << '/';
   if (const TaggedValueRow* identifier = FindTag(item, u"Object Identifier"))
-    out << "  [" << ToUtf8(identifier->Value) << "]";
-  if (const Text notes = Glimpse(repository.ElementByID(item.Id)); !notes.empty())
+    out << "  [" << ToUtf8(identifier->value) << "]";
+  if (const Text notes = Glimpse(repository.ElementByID(item.id)); !notes.empty())
     out << "  " << ToUtf8(notes);
   out << '\n';
 }
@@ -38,9 +38,9 @@ void PrintItem(const TreeItem& item, const orim::Repository& repository, std::os
 
 void PrintTree(const OrimModel& model, std::ostream& out) {
   for (const PackageInfo& package : model.Packages()) {
-    if (package.ParentId != 0) continue;
-    out << ToUtf8(package.Name) << "/\n";
-    for (const TreeItem& item : model.Tree(package.Id))
+    if (package.parent_id != 0) continue;
+    out << ToUtf8(package.name) << "/\n";
+    for (const TreeItem& item : model.Tree(package.id))
       PrintItem(item, orim::Repository(model.Repository()), out);
   }
 }

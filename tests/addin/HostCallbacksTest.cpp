@@ -34,8 +34,8 @@ TEST_F(CallbacksTest, ADataFolderThatCannotBeMadeIsToldOnceInACallback) {
 TEST_F(CallbacksTest, StartingUpLeavesALineInTheOutputTab) {
   const auto& lines = model.OutputLines(u"DOORS");
   ASSERT_EQ(lines.size(), 1u);
-  EXPECT_EQ(lines[0].Line, u"Kestrune Link Initialized.");
-  EXPECT_EQ(lines[0].ItemId, -1);
+  EXPECT_EQ(lines[0].line, u"Kestrune Link Initialized.");
+  EXPECT_EQ(lines[0].item_id, -1);
   EXPECT_TRUE(add_in.Orim_OnPostInitialized(repository).IsEmpty());
 }
 

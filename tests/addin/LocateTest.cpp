@@ -11,8 +11,8 @@ struct LocateTest : LinkedPackage {
 
   std::int32_t ElementOf(const Text& identifier) const {
     for (const auto& item : model.Tree(package_id))
-      for (const auto& tag : item.TaggedValues)
-        if (tag.Name == u"Object Identifier" && tag.Value == identifier) return item.Id;
+      for (const auto& tag : item.tagged_values)
+        if (tag.name == u"Object Identifier" && tag.value == identifier) return item.id;
     ADD_FAILURE() << "no element";
     return 0;
   }
@@ -31,7 +31,7 @@ struct LocateTest : LinkedPackage {
     return shown;
   }
 
-  Text LastLine() const { return model.OutputLines(u"DOORS").back().Line; }
+  Text LastLine() const { return model.OutputLines(u"DOORS").back().line; }
 
   void Map(const std::vector<Text>& rules) {
     mapping = rules;

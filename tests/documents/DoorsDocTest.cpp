@@ -45,7 +45,7 @@ struct DoorsDocTest : ::testing::Test, TestPlatform, TestHost {
   }
   std::vector<Text> Output() const {
     std::vector<Text> lines;
-    for (const auto& line : model.OutputLines(u"DOORS")) lines.push_back(line.Line);
+    for (const auto& line : model.OutputLines(u"DOORS")) lines.push_back(line.line);
     return lines;
   }
 

@@ -46,13 +46,13 @@ TEST_F(DoorsTest, WaitsThroughStartUpAndLogin) {
     const WindowHandle window = desktop.AddWindow({u"DOORSWindow", 0x04000000});
     expect_status(u"Doors is initializing...");
     EXPECT_EQ(desktop.Foreground(), 0u);
-    desktop.WindowAt(window).Style = 0x04C80000;
+    desktop.WindowAt(window).style = 0x04C80000;
     expect_status(u"Waiting for you to login to Doors");
     EXPECT_EQ(desktop.Foreground(), window);
     desktop.BringToFront(0);
     desktop.Tick();
     EXPECT_EQ(desktop.Foreground(), window) << "kept in front for as long as it waits";
-    desktop.WindowAt(window).Visible = false;
+    desktop.WindowAt(window).visible = false;
     expect_status(u"Doors confirming password...");
     desktop.WindowAt(window) = {u"DOORSWindow", kMainWindow};
     desktop.Tick();
@@ -64,7 +64,7 @@ TEST_F(DoorsTest, WaitsThroughStartUpAndLogin) {
 TEST_F(DoorsTest, CancelLeavesNoConnectionEvenWhereThereWasOne) {
   OpenMainWindow();
   ASSERT_TRUE(doors.EnsureDoors());
-  desktop.WindowAt(1).Visible = false;
+  desktop.WindowAt(1).visible = false;
   desktop.OnForm<frmConnectProgress>([](frmConnectProgress& form) { form.cmdCancel.Press(); });
   EXPECT_FALSE(doors.EnsureDoors());
   EXPECT_FALSE(doors.DoorsApp);
@@ -123,9 +123,9 @@ TEST_F(DoorsTest, MessagesThatRunWhileDoorsIsCreated) {
   };
   OpenMainWindow();
   for (const auto& each : cases) {
-    desktop.WindowAt(1).Visible = false;
+    desktop.WindowAt(1).visible = false;
     desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& form) {
-      desktop.WindowAt(1).Visible = true;
+      desktop.WindowAt(1).visible = true;
       pumping.WhileCreating = [&] { each.meanwhile(form); };
       pumping.Created = 0;
       desktop.Tick();

@@ -117,7 +117,7 @@ struct LostConnectionTest : ConnectTest {
   /// DOORS dies: what is asked of it fails, and its window is gone.
   void Die() {
     application->Failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
-    desktop.WindowAt(1).ClassName = u"";
+    desktop.WindowAt(1).class_name = u"";
   }
   /// Another DOORS comes up.
   void Restart() {

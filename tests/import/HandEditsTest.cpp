@@ -73,7 +73,7 @@ TEST_F(HandEditsTest, AnArchivedElementMayLieBelowAnything) {
   application->Objects = {Exported(u"A"), Exported(u"B", u"A")};
   NextArchives(1);
   Import();
-  const orim::Element child = repository.ElementByID(model.Tree(Trash().PackageID())[0].Id);
+  const orim::Element child = repository.ElementByID(model.Tree(Trash().PackageID())[0].id);
   const auto parent = AddElement(u"drawn");
   PutBelow(child, parent.ElementID());
   Import();

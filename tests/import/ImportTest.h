@@ -89,19 +89,19 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
   std::string Tree() const {
     std::string text;
     for (const auto& item : model.Tree(package_id)) {
-      text += std::string(2 * static_cast<std::size_t>(item.Depth), ' ');
-      for (const auto& tag : item.TaggedValues)
-        if (tag.Name == u"Object Identifier") text += "[" + ToUtf8(tag.Value) + "] ";
-      text += ToUtf8(item.Name) + "\n";
+      text += std::string(2 * static_cast<std::size_t>(item.depth), ' ');
+      for (const auto& tag : item.tagged_values)
+        if (tag.name == u"Object Identifier") text += "[" + ToUtf8(tag.value) + "] ";
+      text += ToUtf8(item.name) + "\n";
     }
     return text;
   }
 
   orim::Element ElementOf(const Text& identifier) const {
     for (const auto& item : model.Tree(package_id))
-      for (const auto& tag : item.TaggedValues)
-        if (tag.Name == u"Object Identifier" && tag.Value == identifier)
-          return repository.ElementByID(item.Id);
+      for (const auto& tag : item.tagged_values)
+        if (tag.name == u"Object Identifier" && tag.value == identifier)
+          return repository.ElementByID(item.id);
     ADD_FAILURE() << "no element for " << ToUtf8(identifier);
     return {};
   }

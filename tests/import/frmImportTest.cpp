@@ -205,7 +205,7 @@ TEST_F(ImportWindowTest, ClosesByItselfWhenTheUserGivesUpTheOptionsOrDoors) {
   Options(doors).Clear(Package());
   open_and_give_up(
       [&] { desktop.OnForm<frmOptions>([](frmOptions& options) { options.cmdCancel.Press(); }); });
-  desktop.WindowAt(1).Visible = false;
+  desktop.WindowAt(1).visible = false;
   open_and_give_up([&] {
     desktop.OnForm<frmConnectProgress>([](frmConnectProgress& progress) { progress.cmdCancel.Press(); });
   });
@@ -216,7 +216,7 @@ TEST_F(ImportWindowTest, MinimizesADoorsThatCameToTheFront) {
   const WindowHandle module_window = desktop.AddWindow({u"DOORSModule", 0});
   application->WhileRunning = [&] { desktop.BringToFront(module_window); };
   Import();
-  EXPECT_TRUE(desktop.WindowAt(module_window).Minimized);
+  EXPECT_TRUE(desktop.WindowAt(module_window).minimized);
 }
 
 TEST_F(ImportWindowTest, CaptionsFollowTheDirectionAndHelpItsTopic) {

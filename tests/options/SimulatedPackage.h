@@ -52,12 +52,12 @@ class SimulatedTag : public PackageObject<SimulatedTag> {
 
   static const Members& Table() {
     static const Members table = {
-        {u"Name", {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Name); }}},
-        {u"Value", {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Value); }}},
+        {u"Name", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Name); }}},
+        {u"Value", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Value); }}},
         {u"Notes",
-         {.Get = [](SimulatedTag& tag) { return Variant(tag.pending_.Notes); },
-          .Put = [](SimulatedTag& tag, const Variant& value) { tag.pending_.Notes = value.ToText(); }}},
-        {u"Save", {.Call = [](SimulatedTag& tag, const Args&) { return tag.Save(); }}},
+         {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Notes); },
+          .put = [](SimulatedTag& tag, const Variant& value) { tag.pending_.Notes = value.ToText(); }}},
+        {u"Save", {.call = [](SimulatedTag& tag, const Args&) { return tag.Save(); }}},
     };
     return table;
   }
@@ -82,22 +82,24 @@ class SimulatedTags : public PackageObject<SimulatedTags> {
   static const Members& Table() {
     static const Members table = {
         {u"Count",
-         {.Get = [](SimulatedTags& tags) { return Variant(std::int32_t(tags.model_.Tags.size())); }}},
+         {.get = [](SimulatedTags& tags) { return Variant(std::int32_t(tags.model_.Tags.size())); }}},
         {u"GetAt",
-         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.Handle(tags.At(args[0])); },
-          .ArgCount = 1}},
+         {.call = [](SimulatedTags& tags, const Args& args) { return tags.Handle(tags.At(args[0])); },
+          .arg_count = 1}},
         {u"GetByName",
-         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.ByName(args[0]); }, .ArgCount = 1}},
+         {.call = [](SimulatedTags& tags, const Args& args) { return tags.ByName(args[0]); },
+          .arg_count = 1}},
         {u"AddNew",
-         {.Call =
+         {.call =
               [](SimulatedTags& tags, const Args& args) {
                 return tags.Handle(
                     std::make_shared<PackageModel::Tag>(args[0].ToText(), args[1].ToText(), Text()));
               },
-          .ArgCount = 2}},
+          .arg_count = 2}},
         {u"DeleteAt",
-         {.Call = [](SimulatedTags& tags, const Args& args) { return tags.Delete(args[0]); }, .ArgCount = 2}},
-        {u"Refresh", {.Call = [](SimulatedTags&, const Args&) { return Variant(); }}},
+         {.call = [](SimulatedTags& tags, const Args& args) { return tags.Delete(args[0]); },
+          .arg_count = 2}},
+        {u"Refresh", {.call = [](SimulatedTags&, const Args&) { return Variant(); }}},
     };
     return table;
   }
@@ -128,12 +130,12 @@ class SimulatedPackage : public PackageObject<SimulatedPackage> {
   using PackageObject::PackageObject;
   static const Members& Table() {
     static const Members table = {
-        {u"Name", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Name); }}},
-        {u"PackageGuid", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Guid); }}},
-        {u"Element", {.Get = [](SimulatedPackage& package) { return package.AsObject(); }}},
-        {u"Locked", {.Get = [](SimulatedPackage& package) { return Variant(package.model_.Locked); }}},
+        {u"Name", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Name); }}},
+        {u"PackageGuid", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Guid); }}},
+        {u"Element", {.get = [](SimulatedPackage& package) { return package.AsObject(); }}},
+        {u"Locked", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Locked); }}},
         {u"TaggedValues",
-         {.Get =
+         {.get =
               [](SimulatedPackage& package) {
                 return Object(std::make_shared<SimulatedTags>(package.model_));
               }}},

@@ -363,7 +363,7 @@ TEST_F(OptionsFormTest, SurvivesDoorsBeingClosed) {
 }
 
 TEST_F(OptionsFormTest, WaitsForDoorsUntilTheUserGivesUp) {
-  desktop.WindowAt(1).ClassName = u"Other";
+  desktop.WindowAt(1).class_name = u"Other";
   Edit({u"A --> Name"}, [&](frmOptions& form) {
     for (Event* use : {&form.cmdReloadAttribs.Click, &form.cmbViews.DropDown}) {
       desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& progress) {

@@ -27,14 +27,14 @@ class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
   static const Members& Table() {
     static const Members table = {
         {u"Result",
-         {.Get = [](SimulatedDoors& doors) { return Variant(doors.result_); },
-          .Put =
+         {.get = [](SimulatedDoors& doors) { return Variant(doors.result_); },
+          .put =
               [](SimulatedDoors& doors, const Variant& value) {
                 doors.result_ = doors.Parameters.emplace_back(value.ToText());
               }}},
         {u"RunStr",
-         {.Call = [](SimulatedDoors& doors, const Args& args) { return doors.Run(args[0].ToText()); },
-          .ArgCount = 1}},
+         {.call = [](SimulatedDoors& doors, const Args& args) { return doors.Run(args[0].ToText()); },
+          .arg_count = 1}},
     };
     return table;
   }

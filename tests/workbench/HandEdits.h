@@ -36,7 +36,7 @@ class HandEdits {
 
   void DeleteDoubledValues() {
     for (const auto& item : Elements()) {
-      const auto tags = setup_.repository.ElementByID(item.Id).TaggedValues();
+      const auto tags = setup_.repository.ElementByID(item.id).TaggedValues();
       std::set<Text> seen;
       // The last one is the one that imports keep.
       for (std::int32_t i = tags.Count() - 1; i >= 0; --i)
@@ -48,19 +48,19 @@ class HandEdits {
   using Item = standins::TreeItem;
 
   static const Text* IdentifierOf(const Item& item) {
-    for (const auto& tag : item.TaggedValues)
-      if (tag.Name == u"Object Identifier") return &tag.Value;
+    for (const auto& tag : item.tagged_values)
+      if (tag.name == u"Object Identifier") return &tag.value;
     return nullptr;
   }
   std::vector<Item> Elements() const {
     auto items = setup_.model.Tree(setup_.package_id);
-    std::erase_if(items, [](const Item& item) { return item.Type == u"Package" || !IdentifierOf(item); });
+    std::erase_if(items, [](const Item& item) { return item.type == u"Package" || !IdentifierOf(item); });
     return items;
   }
   std::optional<Item> AnyElement(bool is_living_only) {
     auto items = Elements();
     if (is_living_only)
-      std::erase_if(items, [&](const Item& item) { return item.PackageId != setup_.package_id; });
+      std::erase_if(items, [&](const Item& item) { return item.package_id != setup_.package_id; });
     if (items.empty()) return std::nullopt;
     return items[static_cast<std::size_t>(random_.Roll(static_cast<int>(items.size())))];
   }
@@ -69,7 +69,7 @@ class HandEdits {
     const int what = random_.Roll(8);
     const auto item = AnyElement(what >= 4);
     if (!item) return;
-    const orim::Element element = setup_.repository.ElementByID(item->Id);
+    const orim::Element element = setup_.repository.ElementByID(item->id);
     switch (what) {
       case 0:
         return Delete(*item);
@@ -102,18 +102,18 @@ class HandEdits {
   }
 
   void Delete(const Item& item) {
-    const auto elements = setup_.repository.PackageByID(item.PackageId).Elements();
+    const auto elements = setup_.repository.PackageByID(item.package_id).Elements();
     for (std::int32_t i = 0; i < elements.Count(); ++i)
-      if (elements.GetAt(i).ElementID() == item.Id) return elements.DeleteAt(i, true);
+      if (elements.GetAt(i).ElementID() == item.id) return elements.DeleteAt(i, true);
   }
 
   /// The copy lacks the fields of the original.
   void Copy(const Item& item) {
     edited_.insert(*IdentifierOf(item));
-    const orim::Element copy = setup_.AddElement(item.Name);
-    for (const auto& tag : item.TaggedValues) {
-      const auto made = copy.TaggedValues().AddNew(tag.Name, tag.Value);
-      made.SetNotes(tag.Notes);
+    const orim::Element copy = setup_.AddElement(item.name);
+    for (const auto& tag : item.tagged_values) {
+      const auto made = copy.TaggedValues().AddNew(tag.name, tag.value);
+      made.SetNotes(tag.notes);
       made.Save();
     }
   }
@@ -123,7 +123,7 @@ class HandEdits {
     for (const Item& item : Elements()) {
       const auto [first, is_new] = seen.emplace(*IdentifierOf(item), item);
       if (is_new) continue;
-      Delete(item.Id > first->second.Id ? item : first->second);
+      Delete(item.id > first->second.id ? item : first->second);
       return;
     }
     FAIL() << "there are no two elements with one identifier";
@@ -131,10 +131,10 @@ class HandEdits {
 
   void PutStraysAtTheTop() {
     std::set<std::int32_t> imported;
-    for (const Item& item : Elements()) imported.insert(item.Id);
+    for (const Item& item : Elements()) imported.insert(item.id);
     for (const Item& item : Elements()) {
-      if (item.ParentId == 0 || imported.contains(item.ParentId)) continue;
-      const orim::Element element = setup_.repository.ElementByID(item.Id);
+      if (item.parent_id == 0 || imported.contains(item.parent_id)) continue;
+      const orim::Element element = setup_.repository.ElementByID(item.id);
       element.SetParentID(0);
       element.Save();
     }

@@ -23,7 +23,7 @@ TEST_F(KeptExportTest, IsToldInTheOutputTabAndTheImportGoesOn) {
   close(descriptor);
   EXPECT_EQ(Tree(), "[A] nA\nTrash Can\n");
   ASSERT_EQ(model.OutputLines(u"DOORS").size(), 1u);
-  EXPECT_EQ(model.OutputLines(u"DOORS")[0].Line,
+  EXPECT_EQ(model.OutputLines(u"DOORS")[0].line,
             u"The export file " + undeletable + u" could not be deleted.");
 }
 

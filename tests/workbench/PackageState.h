@@ -62,32 +62,32 @@ inline PackageState ReadPackage(const EndToEnd& setup, const std::vector<Text>& 
   int packages = 0;
   const auto items = setup.model.Tree(setup.package_id);
   for (const auto& item : items) {
-    if (item.Type == u"Package" && ++packages > 1) ADD_FAILURE() << "a second trash package";
-    for (const auto& tag : item.TaggedValues) {
-      const Text value = tag.Value == u"<memo>" ? tag.Notes : tag.Value;
-      if (!tagged_values[item.Id].emplace(tag.Name, value).second)
-        ADD_FAILURE() << "a second tagged value " << ToUtf8(tag.Name) << " at " << ToUtf8(item.Name);
-      if (tag.Name == u"Object Identifier") identifiers[item.Id] = value;
+    if (item.type == u"Package" && ++packages > 1) ADD_FAILURE() << "a second trash package";
+    for (const auto& tag : item.tagged_values) {
+      const Text value = tag.value == u"<memo>" ? tag.notes : tag.value;
+      if (!tagged_values[item.id].emplace(tag.name, value).second)
+        ADD_FAILURE() << "a second tagged value " << ToUtf8(tag.name) << " at " << ToUtf8(item.name);
+      if (tag.name == u"Object Identifier") identifiers[item.id] = value;
     }
   }
   PackageState package;
   for (const auto& item : items) {
-    if (item.Type == u"Package") continue;
-    if (!identifiers.count(item.Id)) {
-      if (!strays) ADD_FAILURE() << "no identifier: " << ToUtf8(item.Name);
+    if (item.type == u"Package") continue;
+    if (!identifiers.count(item.id)) {
+      if (!strays) ADD_FAILURE() << "no identifier: " << ToUtf8(item.name);
       if (strays) ++*strays;
       continue;
     }
-    ElementState element{.in_trash = item.PackageId != setup.package_id, .position = item.TreePos};
-    if (item.ParentId != 0)
-      element.parent = identifiers.count(item.ParentId) ? identifiers[item.ParentId] : u"?";
-    const orim::Element stored = setup.repository.ElementByID(item.Id);
+    ElementState element{.in_trash = item.package_id != setup.package_id, .position = item.tree_pos};
+    if (item.parent_id != 0)
+      element.parent = identifiers.count(item.parent_id) ? identifiers[item.parent_id] : u"?";
+    const orim::Element stored = setup.repository.ElementByID(item.id);
     for (const Text& field : fields) element.values[field] = stored.Field(field);
-    for (const auto& [name, value] : tagged_values[item.Id])
+    for (const auto& [name, value] : tagged_values[item.id])
       if (name != u"Object Identifier") element.values[name] = value;
     std::erase_if(element.values, [](const auto& value) { return value.second.empty(); });
-    if (!package.emplace(identifiers[item.Id], element).second)
-      ADD_FAILURE() << "two elements for " << ToUtf8(identifiers[item.Id]);
+    if (!package.emplace(identifiers[item.id], element).second)
+      ADD_FAILURE() << "two elements for " << ToUtf8(identifiers[item.id]);
   }
   return package;
 }

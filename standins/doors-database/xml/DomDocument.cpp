@@ -40,15 +40,15 @@ class DomNode : public StandInObject<DomNode> {
   static const Members& Table() {
     static const Members table = {
         {u"appendChild",
-         {.Call = [](DomNode& self, const Args& args) { return self.AppendChild(args[0]); }, .ArgCount = 1}},
+         {.call = [](DomNode& self, const Args& args) { return self.AppendChild(args[0]); }, .arg_count = 1}},
         {u"setAttribute",
-         {.Call = [](DomNode& self, const Args& args) { return self.SetAttribute(args); }, .ArgCount = 2}},
+         {.call = [](DomNode& self, const Args& args) { return self.SetAttribute(args); }, .arg_count = 2}},
         {u"text",
-         {.Get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->TextOf(self.node_))); },
-          .Put = [](DomNode& self, const Variant& value) { self.SetText(value.ToText()); }}},
+         {.get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->TextOf(self.node_))); },
+          .put = [](DomNode& self, const Variant& value) { self.SetText(value.ToText()); }}},
         {u"nodeName",
-         {.Get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->NameOf(self.node_))); }}},
-        {u"xml", {.Get = [](DomNode& self) { return Variant(TextOf(*self.tree_, self.node_)); }}},
+         {.get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->NameOf(self.node_))); }}},
+        {u"xml", {.get = [](DomNode& self) { return Variant(TextOf(*self.tree_, self.node_)); }}},
     };
     return table;
   }
@@ -107,20 +107,20 @@ class DomDocument : public StandInObject<DomDocument> {
   static const Members& Table() {
     static const Members table = {
         {u"createElement",
-         {.Call = [](DomDocument& self, const Args& args) { return self.CreateElement(args[0].ToText()); },
-          .ArgCount = 1}},
+         {.call = [](DomDocument& self, const Args& args) { return self.CreateElement(args[0].ToText()); },
+          .arg_count = 1}},
         {u"createProcessingInstruction",
-         {.Call = [](DomDocument& self,
+         {.call = [](DomDocument& self,
                      const Args& args) { return self.CreateInstruction(args[0].ToText(), args[1].ToText()); },
-          .ArgCount = 2}},
+          .arg_count = 2}},
         {u"appendChild",
-         {.Call = [](DomDocument& self, const Args& args) { return self.AppendChild(args[0]); },
-          .ArgCount = 1}},
-        {u"documentElement", {.Get = [](DomDocument& self) { return self.DocumentElement(); }}},
-        {u"xml", {.Get = [](DomDocument& self) { return Variant(TextOf(*self.tree_, XmlTree::kDocument)); }}},
+         {.call = [](DomDocument& self, const Args& args) { return self.AppendChild(args[0]); },
+          .arg_count = 1}},
+        {u"documentElement", {.get = [](DomDocument& self) { return self.DocumentElement(); }}},
+        {u"xml", {.get = [](DomDocument& self) { return Variant(TextOf(*self.tree_, XmlTree::kDocument)); }}},
         {u"save",
-         {.Call = [](DomDocument& self, const Args& args) { return self.Save(args[0].ToText()); },
-          .ArgCount = 1}},
+         {.call = [](DomDocument& self, const Args& args) { return self.Save(args[0].ToText()); },
+          .arg_count = 1}},
     };
     return table;
   }

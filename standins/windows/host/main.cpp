@@ -22,7 +22,7 @@ struct Words {
 std::vector<play::Command> FaultCommands(DoorsProcess& doors) {
   return {
       {u"crash TEXT",
-       [&doors](const play::Statement& line) { doors.DieAtPerm(std::stoi(ToUtf8(line.Texts[0]))); }, true},
+       [&doors](const play::Statement& line) { doors.DieAtPerm(std::stoi(ToUtf8(line.texts[0]))); }, true},
       {u"damage", [&doors](const play::Statement&) { doors.DamageNextExport(); }, true},
   };
 }
@@ -39,7 +39,7 @@ void Play(const Words& words) {
   auto commands = stage.Commands();
   for (play::Command& fault : FaultCommands(host.Doors())) commands.push_back(std::move(fault));
   const Means& means = words.by_keyboard ? kKeyboard : kMouse;
-  ScreenUser(std::cout, std::cerr, {.By = means}).Play(ReadScript(script, commands), commands);
+  ScreenUser(std::cout, std::cerr, {.by = means}).Play(ReadScript(script, commands), commands);
 }
 
 int Run(std::vector<std::string> args) {

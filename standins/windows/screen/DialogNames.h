@@ -9,8 +9,8 @@
 namespace kestrune::standins {
 
 struct DialogNames {
-  std::map<Text, Text> Forms;               // by the name of a control that only this form has
-  std::map<Text, std::vector<Text>> Menus;  // the items of each pop-up menu, from the first on
+  std::map<Text, Text> forms;               // by the name of a control that only this form has
+  std::map<Text, std::vector<Text>> menus;  // the items of each pop-up menu, from the first on
 };
 
 /// The dialogs of Kestrune Link.

@@ -10,15 +10,15 @@ namespace kestrune::standins {
 
 /// All on the window's own thread; what an action opens has closed when it returns.
 struct Means {
-  void (*Press)(HWND button);
+  void (*press)(HWND button);
   /// Replaces the text of a text box or combo box.
-  void (*Enter)(HWND box, const Text& text);
+  void (*enter)(HWND box, const Text& text);
   /// Opens the list of a combo box.
-  void (*Drop)(HWND box);
+  void (*drop)(HWND box);
   /// Selects these lines and no other: one of a list box or combo box, any of a table.
-  void (*SelectLines)(HWND control, const std::vector<std::size_t>& lines);
+  void (*select_lines)(HWND control, const std::vector<std::size_t>& lines);
   /// Of a list box or table.
-  void (*DoubleClickLine)(HWND control, std::size_t line);
+  void (*double_click_line)(HWND control, std::size_t line);
 };
 
 extern const Means kMouse;

@@ -32,7 +32,7 @@ HWND ButtonOf(HWND box, Answer answer) {
 }
 
 Message MessageIn(HWND box) {
-  return {.Body = StateOf(GetDlgItem(box, kMessageText)).Content,
+  return {.Body = StateOf(GetDlgItem(box, kMessageText)).content,
           .Title = TitleOf(box),
           .Buttons = ButtonOf(box, Answer::kYes) ? Buttons::kYesNo : Buttons::kOk};
 }
@@ -55,8 +55,8 @@ void ScreenUser::Play(play::Script script, std::vector<play::Command> commands) 
 
 std::vector<play::Command> ScreenUser::AtScreen(std::vector<play::Command> commands) {
   for (play::Command& command : commands) {
-    if (command.DuringDialogs) continue;
-    command.Run = [this, run = command.Run](const Statement& line) { Do([=] { run(line); }); };
+    if (command.during_dialogs) continue;
+    command.run = [this, run = command.run](const Statement& line) { Do([=] { run(line); }); };
   }
   return commands;
 }
@@ -105,7 +105,7 @@ void ScreenUser::LeaveMenu() {
 }
 
 void ScreenUser::AwaitMenuClosed() {
-  const auto end = Clock::now() + settings_.Limit;
+  const auto end = Clock::now() + settings_.limit;
   while (OpenMenu()) {
     if (Clock::now() > end) GiveUp();
     std::this_thread::sleep_for(kPause);
@@ -124,13 +124,13 @@ void ScreenUser::Finish(Done done) {
 }
 
 void ScreenUser::Await(const Done& done) {
-  auto end = Clock::now() + settings_.Limit;
+  auto end = Clock::now() + settings_.limit;
   // Looking for windows takes the system's time, which long work needs.
   for (auto pause = kPause; !IsOver(done, pause); pause = std::min(pause + kPause, kLongestPause)) {
     if (!menu_opener_.valid() && OpenMenu()) return;
     if (const HWND window = Arrival()) {
       Attend(window);
-      end = Clock::now() + settings_.Limit;
+      end = Clock::now() + settings_.limit;
       pause = kPause;
     }
     if (Clock::now() > end) GiveUp();
@@ -140,7 +140,7 @@ void ScreenUser::Await(const Done& done) {
 // What runs behind a dialog goes on when that has closed, and may open others.
 void ScreenUser::Abandon(const Done& done) {
   menu_opener_ = {};
-  const auto end = Clock::now() + settings_.Limit;
+  const auto end = Clock::now() + settings_.limit;
   while (!IsOver(done)) {
     const Done closed = ui_.Post([this] { CloseAll(); });
     while (!IsOver(closed) && !IsOver(done))
@@ -156,7 +156,7 @@ void ScreenUser::CloseAll() const {
 HWND ScreenUser::Arrival() const {
   for (const HWND window : ui_.ShownWindows(kDialogClass)) {
     const bool is_in_use =
-        std::any_of(in_use_.begin(), in_use_.end(), [=](const InUse& each) { return each.Window == window; });
+        std::any_of(in_use_.begin(), in_use_.end(), [=](const InUse& each) { return each.window == window; });
     if (!is_in_use && IsWindowEnabled(window)) return window;
   }
   return nullptr;
@@ -167,8 +167,8 @@ void ScreenUser::Attend(HWND window) {
     ~Leave() { windows.pop_back(); }
     std::vector<InUse>& windows;
   };
-  WindowDialog dialog(window, settings_.Names, settings_.By, *this);
-  const HWND list = dialog.FindControl(settings_.PrintedList);
+  WindowDialog dialog(window, settings_.names, settings_.by, *this);
+  const HWND list = dialog.FindControl(settings_.printed_list);
   in_use_.push_back({window, list ? std::make_shared<PrintedList>(list, out_) : nullptr});
   const Leave leave{in_use_};
   if (dialog.FindControl(u"txtEntry")) return FillIn(dialog);
@@ -181,13 +181,13 @@ void ScreenUser::AnswerBox(HWND box) {
   Look(PrintingAfter([&] { message = MessageIn(box); }));
   err_ << "[" << ForTerminal(message.Title) << "] " << ForTerminal(message.Body) << std::endl;
   const HWND button = ButtonOf(box, player_->Decide(message));
-  Do([this, button] { settings_.By.Press(button); });
+  Do([this, button] { settings_.by.press(button); });
 }
 
 void ScreenUser::FillIn(WindowDialog& box) {
   const auto entry = player_->Enter(box.Caption());
-  if (entry) box.Do({.Verb = u"type", .Names = {u"txtEntry"}, .Texts = {*entry}});
-  box.Do({.Verb = u"press", .Names = {entry ? u"cmdOK" : u"cmdCancel"}});
+  if (entry) box.Do({.verb = u"type", .names = {u"txtEntry"}, .texts = {*entry}});
+  box.Do({.verb = u"press", .names = {entry ? u"cmdOK" : u"cmdCancel"}});
 }
 
 // A window that has been closed is there until the work is over, and so are its lines.
@@ -195,7 +195,7 @@ std::function<void()> ScreenUser::PrintingAfter(std::function<void()> work) cons
   return [work = std::move(work), windows = in_use_] {
     work();
     for (const InUse& each : windows)
-      if (each.List) each.List->PrintNew();
+      if (each.list) each.list->PrintNew();
   };
 }
 
@@ -203,7 +203,7 @@ void ScreenUser::GiveUp() const {
   Text open;
   for (const HWND window : ui_.ShownWindows(kDialogClass)) open += u"[" + TitleOf(window) + u"]";
   const Text hanging =
-      in_use_.empty() ? u"The program" : u"The dialog \"" + TitleOf(in_use_.back().Window) + u"\"";
+      in_use_.empty() ? u"The program" : u"The dialog \"" + TitleOf(in_use_.back().window) + u"\"";
   err_ << ToUtf8(hanging) << " hangs. Open are: " << ToUtf8(open) << std::endl;
   TerminateProcess(GetCurrentProcess(), kHangs);
   std::abort();

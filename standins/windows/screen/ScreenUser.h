@@ -24,10 +24,10 @@ class ScreenUser : private Hands {
   static constexpr int kHangs = 3;
 
   struct Settings {
-    const DialogNames& Names = KestruneDialogNames();
-    const Means& By = kMouse;
-    Text PrintedList = u"List1";  // its lines go to `out`, message boxes to `err`
-    std::chrono::milliseconds Limit = std::chrono::seconds(60);
+    const DialogNames& names = KestruneDialogNames();
+    const Means& by = kMouse;
+    Text printed_list = u"List1";  // its lines go to `out`, message boxes to `err`
+    std::chrono::milliseconds limit = std::chrono::seconds(60);
   };
   ScreenUser(std::ostream& out, std::ostream& err) : ScreenUser(out, err, Settings{}) {}
   ScreenUser(std::ostream& out, std::ostream& err, Settings settings)
@@ -42,8 +42,8 @@ class ScreenUser : private Hands {
   using Done = std::future<void>;
   /// A window that is in use, and the list in it that is printed.
   struct InUse {
-    HWND Window;
-    std::shared_ptr<PrintedList> List;
+    HWND window;
+    std::shared_ptr<PrintedList> list;
   };
 
   void Do(std::function<void()> work) override;

@@ -55,7 +55,7 @@ void StillClock::AwaitInterval() {
 }
 
 void StillClock::Tick() {
-  for (const DueTimer& timer : TakeDue()) SendMessageW(timer.Dialog, WM_TIMER, timer.Id, 0);
+  for (const DueTimer& timer : TakeDue()) SendMessageW(timer.dialog, WM_TIMER, timer.id, 0);
 }
 
 std::vector<StillClock::DueTimer> StillClock::TakeDue() {

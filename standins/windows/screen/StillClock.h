@@ -23,8 +23,8 @@ class StillClock {
 
  private:
   struct DueTimer {
-    HWND Dialog;
-    WPARAM Id;
+    HWND dialog;
+    WPARAM id;
     bool operator==(const DueTimer&) const = default;
   };
   static LRESULT CALLBACK OnRetrieved(int code, WPARAM removed, LPARAM message);

@@ -27,15 +27,15 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 }
 
 struct Search {
-  std::wstring Class;
-  std::vector<HWND> Found;
+  std::wstring class_name;
+  std::vector<HWND> found;
 };
 
 BOOL CALLBACK OnWindow(HWND window, LPARAM parameter) {
   auto& search = *reinterpret_cast<Search*>(parameter);
   wchar_t name[64] = {};
   GetClassNameW(window, name, 64);
-  if (IsWindowVisible(window) && search.Class == name) search.Found.push_back(window);
+  if (IsWindowVisible(window) && search.class_name == name) search.found.push_back(window);
   return TRUE;
 }
 
@@ -64,7 +64,7 @@ std::future<void> UiThread::Post(std::function<void()> work) const {
 std::vector<HWND> UiThread::ShownWindows(const wchar_t* window_class) const {
   Search search{window_class, {}};
   EnumThreadWindows(thread_, OnWindow, reinterpret_cast<LPARAM>(&search));
-  return search.Found;
+  return search.found;
 }
 
 }  // namespace kestrune::standins

@@ -44,17 +44,17 @@ void ReadTable(HWND table, play::ControlState& state) {
   const auto header = reinterpret_cast<HWND>(Ask(table, LVM_GETHEADER));
   const auto columns = static_cast<int>(Count(header, HDM_GETITEMCOUNT));
   for (std::size_t row = 0; row < Count(table, LVM_GETITEMCOUNT); ++row) {
-    auto& cells = state.Rows.emplace_back();
+    auto& cells = state.rows.emplace_back();
     for (int column = 0; column < columns; ++column) cells.push_back(CellOf(table, row, column));
-    if (Ask(table, LVM_GETITEMSTATE, row, LVIS_SELECTED)) state.Selected.push_back(cells.at(0));
+    if (Ask(table, LVM_GETITEMSTATE, row, LVIS_SELECTED)) state.selected.push_back(cells.at(0));
   }
 }
 
 void ReadListBox(HWND list, play::ControlState& state) {
   for (std::size_t line = 0; line < Count(list, LB_GETCOUNT); ++line)
-    state.Rows.push_back({LineOf(list, line)});
+    state.rows.push_back({LineOf(list, line)});
   const LRESULT selected = Ask(list, LB_GETCURSEL);
-  if (selected >= 0) state.Selected = state.Rows.at(static_cast<std::size_t>(selected));
+  if (selected >= 0) state.selected = state.rows.at(static_cast<std::size_t>(selected));
 }
 
 }  // namespace
@@ -80,7 +80,7 @@ play::ControlState StateOf(HWND control) {
   if (kind == Kind::kTable) ReadTable(control, state);
   if (kind == Kind::kComboBox)
     for (std::size_t line = 0; line < Count(control, CB_GETCOUNT); ++line)
-      state.Rows.push_back({ItemOf(control, line, CB_GETLBTEXTLEN, CB_GETLBTEXT)});
+      state.rows.push_back({ItemOf(control, line, CB_GETLBTEXTLEN, CB_GETLBTEXT)});
   return state;
 }
 

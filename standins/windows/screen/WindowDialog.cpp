@@ -37,8 +37,8 @@ bool IsOneOf(Kind kind, std::initializer_list<Kind> kinds) {
 WindowDialog::WindowDialog(HWND window, const DialogNames& names, const Means& means, Hands& hands)
     : window_(window), names_(names), means_(means), hands_(hands), controls_(ControlsOf(window)) {
   const auto has_control = [this](const auto& form) { return controls_.contains(form.first); };
-  const auto found = std::find_if(names.Forms.begin(), names.Forms.end(), has_control);
-  if (found == names.Forms.end()) return;
+  const auto found = std::find_if(names.forms.begin(), names.forms.end(), has_control);
+  if (found == names.forms.end()) return;
   name_ = found->second;
   is_form_ = true;
 }
@@ -48,18 +48,18 @@ Text WindowDialog::Caption() const {
 }
 
 void WindowDialog::Do(const Statement& action) {
-  const Text& verb = action.Verb;
+  const Text& verb = action.verb;
   if (verb == u"select") return Select(action);
   if (verb == u"doubleclick") return DoubleClick(action);
   if (verb == u"menu") return ChooseFromMenu(action);
   if (verb == u"close")
     return hands_.Do([window = window_] { SendMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0); });
   if (verb == u"press")
-    return hands_.Do([this, button = Reach(action, {Kind::kButton})] { means_.Press(button); });
-  if (verb == u"drop") return hands_.Do([this, box = Reach(action, {Kind::kComboBox})] { means_.Drop(box); });
+    return hands_.Do([this, button = Reach(action, {Kind::kButton})] { means_.press(button); });
+  if (verb == u"drop") return hands_.Do([this, box = Reach(action, {Kind::kComboBox})] { means_.drop(box); });
   if (verb == u"type") {
-    return hands_.Do([this, box = Reach(action, {Kind::kTextBox, Kind::kComboBox}), text = action.Texts[0]] {
-      means_.Enter(box, text);
+    return hands_.Do([this, box = Reach(action, {Kind::kTextBox, Kind::kComboBox}), text = action.texts[0]] {
+      means_.enter(box, text);
     });
   }
   throw Refusal(u"no user of a dialog can " + verb);
@@ -82,7 +82,7 @@ HWND WindowDialog::Find(const Text& control) const {
 }
 
 HWND WindowDialog::Reach(const Statement& action, std::initializer_list<Kind> kinds) const {
-  const Text& name = action.Names[0];
+  const Text& name = action.names[0];
   const HWND control = Find(name);
   if (!IsOneOf(KindOf(control), kinds)) play::RefuseKind(name);
   play::RequireReachable(Look(name), name, name_);
@@ -90,37 +90,37 @@ HWND WindowDialog::Reach(const Statement& action, std::initializer_list<Kind> ki
 }
 
 void WindowDialog::Select(const Statement& action) {
-  const Text& name = action.Names[0];
+  const Text& name = action.names[0];
   const HWND control = Reach(action, {Kind::kListBox, Kind::kComboBox, Kind::kTable});
   const ControlState state = Look(name);
   std::vector<std::size_t> lines;
-  for (const Text& text : action.Texts) lines.push_back(play::PlaceOf(text, state, name));
+  for (const Text& text : action.texts) lines.push_back(play::PlaceOf(text, state, name));
   if (lines.size() > 1 && KindOf(control) != Kind::kTable) throw Refusal(name + u" takes one line");
-  hands_.Do([=, this] { means_.SelectLines(control, lines); });
+  hands_.Do([=, this] { means_.select_lines(control, lines); });
 }
 
 void WindowDialog::DoubleClick(const Statement& action) {
-  const Text& name = action.Names[0];
+  const Text& name = action.names[0];
   const HWND control = Reach(action, {Kind::kListBox, Kind::kTable});
-  const std::size_t line = play::PlaceOf(action.Texts[0], Look(name), name);
-  hands_.Do([=, this] { means_.DoubleClickLine(control, line); });
+  const std::size_t line = play::PlaceOf(action.texts[0], Look(name), name);
+  hands_.Do([=, this] { means_.double_click_line(control, line); });
 }
 
 void WindowDialog::ChooseFromMenu(const Statement& action) {
-  const auto menu = names_.Menus.find(action.Names[0]);
-  if (menu == names_.Menus.end()) throw Refusal(name_ + u" has no control " + action.Names[0]);
+  const auto menu = names_.menus.find(action.names[0]);
+  if (menu == names_.menus.end()) throw Refusal(name_ + u" has no control " + action.names[0]);
   const HWND window = hands_.OpenMenu();
   if (!window) throw Refusal(menu->first + u" is not open");
   const auto& items = menu->second;
-  const auto found = std::find(items.begin(), items.end(), action.Names[1]);
-  if (found == items.end()) throw Refusal(menu->first + u" has no item " + action.Names[1]);
+  const auto found = std::find(items.begin(), items.end(), action.names[1]);
+  if (found == items.end()) throw Refusal(menu->first + u" has no item " + action.names[1]);
   const auto item = static_cast<std::size_t>(found - items.begin());
   UINT state = 0;
   hands_.Look([&] {
     const auto handle = reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0));
     state = GetMenuState(handle, static_cast<UINT>(item), MF_BYPOSITION);
   });
-  play::RequireReachable({.Enabled = (state & (MF_GRAYED | MF_DISABLED)) == 0}, action.Names[1], name_);
+  play::RequireReachable({.enabled = (state & (MF_GRAYED | MF_DISABLED)) == 0}, action.names[1], name_);
   hands_.Choose(item);
 }
 

@@ -50,9 +50,9 @@ TEST(OrimModelFile, PackagesAreFoundByPathOrByTheirOnlyName) {
   const std::int32_t inner = model.AddPackage(first, u"Inner");
   model.AddPackage(root, u"Twin");
   const std::int32_t twin = model.AddPackage(first, u"Twin");
-  EXPECT_EQ(model.FindPackage(u"Model/First/Twin").Id, twin);
-  EXPECT_EQ(model.FindPackage(u"Inner").Path, u"Model/First/Inner");
-  EXPECT_EQ(model.FindPackage(u"Inner").Id, inner);
+  EXPECT_EQ(model.FindPackage(u"Model/First/Twin").id, twin);
+  EXPECT_EQ(model.FindPackage(u"Inner").path, u"Model/First/Inner");
+  EXPECT_EQ(model.FindPackage(u"Inner").id, inner);
   EXPECT_EQ(FailureOf([&] { model.FindPackage(u"Twin"); }), "Several packages are named \"Twin\"");
   EXPECT_EQ(FailureOf([&] { model.FindPackage(u"First/Inner"); }), "There is no package \"First/Inner\"");
   EXPECT_EQ(FailureOf([&] { model.AddPackage(99, u"Lost"); }), "Package 99 does not exist");
@@ -92,12 +92,12 @@ TEST_F(OrimTree, FollowsParentsAndPositionsAndThenTheChildPackages) {
   AddTaggedValue(archived, u"Tag", u"v");
   std::string outline;
   for (const TreeItem& item : model.Tree(package_id))
-    outline += std::string(item.Depth, '.') + ToUtf8(item.Name) + "|";
+    outline += std::string(item.depth, '.') + ToUtf8(item.name) + "|";
   EXPECT_EQ(outline, "early|.early 1|.early 2|late|.late 1|Trash Can|.archived|");
   const TreeItem item = model.Tree(package_id).back();
-  EXPECT_EQ(item.PackageId, trash);
-  EXPECT_EQ(item.ParentId, late);
-  EXPECT_EQ(item.TaggedValues.at(0).Value, u"v");
+  EXPECT_EQ(item.package_id, trash);
+  EXPECT_EQ(item.parent_id, late);
+  EXPECT_EQ(item.tagged_values.at(0).value, u"v");
 }
 
 TEST_F(OrimTree, ADeepTreeIsBuiltAndListed) {
@@ -106,9 +106,9 @@ TEST_F(OrimTree, ADeepTreeIsBuiltAndListed) {
   for (std::int32_t level = 0; level < kDepth; ++level) parent_id = AddAt(u"E", parent_id, 10);
   const std::vector<TreeItem> items = model.Tree(package_id);
   ASSERT_EQ(items.size(), static_cast<std::size_t>(kDepth));
-  EXPECT_EQ(items.back().Depth, kDepth - 1);
-  Object top = ElementOf(items.front().Id);
-  top.Put(u"ParentID", items.back().Id);
+  EXPECT_EQ(items.back().depth, kDepth - 1);
+  Object top = ElementOf(items.front().id);
+  top.Put(u"ParentID", items.back().id);
   EXPECT_NE(FailureOf([&] { top.Call(u"Save"); }), "");
 }
 

@@ -114,8 +114,8 @@ TEST_F(OrimObjects, OutputNeedsItsTab) {
   repository.Call(u"WriteOutput", line);
   repository.Call(u"CreateOutputTab", {u"DOORS"});
   ASSERT_EQ(model.OutputLines(u"DOORS").size(), 1u);
-  EXPECT_EQ(model.OutputLines(u"DOORS")[0].Line, u"Line");
-  EXPECT_EQ(model.OutputLines(u"DOORS")[0].ItemId, -1);
+  EXPECT_EQ(model.OutputLines(u"DOORS")[0].line, u"Line");
+  EXPECT_EQ(model.OutputLines(u"DOORS")[0].item_id, -1);
 }
 
 }  // namespace

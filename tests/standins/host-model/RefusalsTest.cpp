@@ -78,7 +78,7 @@ TEST_P(HostRefuses, AndStoresNothing) {
                     lower,
                     AddTaggedValue(upper, u"Tag", u"v"),
                     other_id,
-                    model.FindPackage(u"Other").ElementId};
+                    model.FindPackage(u"Other").element_id};
   const std::string before = Content();
   const long long writes = model.Counters().Writes();
   const std::string failure = FailureOf([&] { GetParam().attempt(scene); });

@@ -10,10 +10,10 @@ const std::vector<Text> kCommands = {u"connect", u"package TEXT", u"doors gone|r
 /// Line number, verb, names and texts of each statement, as one line of text.
 std::string Dump(const Script& script) {
   std::string dump;
-  for (const Statement& statement : script.Statements) {
-    dump += (dump.empty() ? "" : "; ") + std::to_string(statement.Line) + " " + ToUtf8(statement.Verb);
-    for (const Text& name : statement.Names) dump += " " + ToUtf8(name);
-    for (const Text& text : statement.Texts) dump += " " + ToUtf8(Quoted(text));
+  for (const Statement& statement : script.statements) {
+    dump += (dump.empty() ? "" : "; ") + std::to_string(statement.line) + " " + ToUtf8(statement.verb);
+    for (const Text& name : statement.names) dump += " " + ToUtf8(name);
+    for (const Text& text : statement.texts) dump += " " + ToUtf8(Quoted(text));
   }
   return dump;
 }

@@ -19,16 +19,16 @@ class Parrot : public standins::StandInObject<Parrot> {
   static const Members& Table() {
     static const Members table = {
         {u"Word",
-         {.Get = [](Parrot& parrot) { return parrot.word_; },
-          .Put = [](Parrot& parrot, const Variant& word) { parrot.word_ = word; }}},
-        {u"Second", {.Call = [](Parrot&, const Args& args) { return args[1]; }, .ArgCount = 2}},
+         {.get = [](Parrot& parrot) { return parrot.word_; },
+          .put = [](Parrot& parrot, const Variant& word) { parrot.word_ = word; }}},
+        {u"Second", {.call = [](Parrot&, const Args& args) { return args[1]; }, .arg_count = 2}},
         {u"Fail",
-         {.Call = [](Parrot&, const Args& args) -> Variant {
+         {.call = [](Parrot&, const Args& args) -> Variant {
             if (args[0].ToInt() == 1) throw AutomationError(0x80040001, u"Parrot", u"Größe");
             if (args[0].ToInt() == 2) throw std::bad_alloc();
             throw std::runtime_error("lost");
           },
-          .ArgCount = 1}},
+          .arg_count = 1}},
     };
     return table;
   }

@@ -19,9 +19,9 @@ class Application : public standins::StandInObject<Application> {
   static const Members& Table() {
     static const Members table = {
         {u"Result",
-         {.Get = [](Application&) { return Variant(u"/Demo/Reqs\n"); },
-          .Put = [](Application&, const Variant&) {}}},
-        {u"RunStr", {.Call = [](Application&, const Args&) { return Variant(); }, .ArgCount = 1}},
+         {.get = [](Application&) { return Variant(u"/Demo/Reqs\n"); },
+          .put = [](Application&, const Variant&) {}}},
+        {u"RunStr", {.call = [](Application&, const Args&) { return Variant(); }, .arg_count = 1}},
     };
     return table;
   }

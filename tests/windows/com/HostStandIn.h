@@ -22,14 +22,14 @@ class HostPackage : public StandInObject<HostPackage> {
   explicit HostPackage(HostModel& model) : model_(model) {}
   static const Members& Table() {
     static const Members table = {
-        {u"PackageID", {.Get = [](HostPackage&) { return Variant(7); }}},
-        {u"Element", {.Get = [](HostPackage& package) { return package.AsObject(); }}},
-        {u"Locked", {.Get = [](HostPackage& package) { return Variant(package.model_.IsLocked); }}},
-        {u"TaggedValues", {.Get = [](HostPackage& package) { return package.AsObject(); }}},
-        {u"Count", {.Get = [](HostPackage&) { return Variant(0); }}},
-        {u"Refresh", {.Call = [](HostPackage&, const Args&) { return Variant(); }}},
-        {u"Flags", {.Put = [](HostPackage&, const Variant&) {}}},
-        {u"Save", {.Call = [](HostPackage&, const Args&) { return Variant(); }}},
+        {u"PackageID", {.get = [](HostPackage&) { return Variant(7); }}},
+        {u"Element", {.get = [](HostPackage& package) { return package.AsObject(); }}},
+        {u"Locked", {.get = [](HostPackage& package) { return Variant(package.model_.IsLocked); }}},
+        {u"TaggedValues", {.get = [](HostPackage& package) { return package.AsObject(); }}},
+        {u"Count", {.get = [](HostPackage&) { return Variant(0); }}},
+        {u"Refresh", {.call = [](HostPackage&, const Args&) { return Variant(); }}},
+        {u"Flags", {.put = [](HostPackage&, const Variant&) {}}},
+        {u"Save", {.call = [](HostPackage&, const Args&) { return Variant(); }}},
     };
     return table;
   }
@@ -44,9 +44,9 @@ class HostRepository : public StandInObject<HostRepository> {
   explicit HostRepository(HostModel& model) : model_(model) {}
   static const Members& Table() {
     static const Members table = {
-        {u"LibraryBuild", {.Get = [](HostRepository& host) { return host.Build(); }}},
+        {u"LibraryBuild", {.get = [](HostRepository& host) { return host.Build(); }}},
         {u"SelectedPackage",
-         {.Call = [](HostRepository& host, const Args&) { return host.model_.SelectedPackage; }}},
+         {.call = [](HostRepository& host, const Args&) { return host.model_.SelectedPackage; }}},
         {u"PackageByID", Noting(u"PackageByID", 1, [](HostRepository& host) { return host.Package(); })},
         {u"PackageByGuid", Noting(u"PackageByGuid", 1, [](HostRepository& host) { return host.Package(); })},
         {u"CreateOutputTab", Noting(u"CreateOutputTab", 1)},
@@ -66,7 +66,7 @@ class HostRepository : public StandInObject<HostRepository> {
       host.model_.Calls.push_back(ToUtf8(line));
       return answer(host);
     };
-    return {.Call = call, .ArgCount = count};
+    return {.call = call, .arg_count = count};
   }
   Variant Build() {
     model_.OnBuild();

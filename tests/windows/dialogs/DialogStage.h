@@ -33,15 +33,15 @@ class PreparedDoors : public StandInObject<PreparedDoors> {
   static const Members& Table() {
     static const Members table = {
         {u"Result",
-         {.Get = [](PreparedDoors& doors) { return Variant(doors.result_); },
-          .Put = [](PreparedDoors& doors, const Variant& value) { doors.result_ = value.ToText(); }}},
+         {.get = [](PreparedDoors& doors) { return Variant(doors.result_); },
+          .put = [](PreparedDoors& doors, const Variant& value) { doors.result_ = value.ToText(); }}},
         {u"RunStr",
-         {.Call =
+         {.call =
               [](PreparedDoors& doors, const Args& args) {
                 doors.result_ = doors.Answer(args[0].ToText());
                 return Variant();
               },
-          .ArgCount = 1}},
+          .arg_count = 1}},
     };
     return table;
   }

@@ -147,7 +147,7 @@ class NoSelection : public StandInObject<NoSelection> {
   static constexpr const char16_t* kClassName = u"NoSelection";
   static const Members& Table() {
     static const Members table = {
-        {u"SelectedPackage", {.Call = [](NoSelection&, const Args&) { return Variant(Object()); }}}};
+        {u"SelectedPackage", {.call = [](NoSelection&, const Args&) { return Variant(Object()); }}}};
     return table;
   }
 };

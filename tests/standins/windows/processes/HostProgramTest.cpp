@@ -72,11 +72,11 @@ class HostProgramTest : public ::testing::Test {
     standins::Stage stage(host_.Session(), host_.Doors(), host_.Screen(), {}, out_);
     auto commands = stage.Commands();
     commands.push_back({u"dies TEXT", [this](const play::Statement& line) {
-                          host_.Doors().DieAtPerm(static_cast<int>(NumericValue(line.Texts[0])));
+                          host_.Doors().DieAtPerm(static_cast<int>(NumericValue(line.texts[0])));
                         }});
     commands.push_back({u"damages", [this](const play::Statement&) { host_.Doors().DamageNextExport(); }});
     std::vector<Text> forms;
-    for (const auto& command : commands) forms.push_back(command.Form);
+    for (const auto& command : commands) forms.push_back(command.form);
     try {
       standins::ScreenUser(out_, out_).Play(play::ParseScript(u"script", source, forms), commands);
       return "";
@@ -84,7 +84,7 @@ class HostProgramTest : public ::testing::Test {
       return failure.what();
     }
   }
-  std::size_t Elements() { return host_.Session().Model().Tree(host_.Session().Package().Id).size(); }
+  std::size_t Elements() { return host_.Session().Model().Tree(host_.Session().Package().id).size(); }
 
   TempFolder folder_;
   std::ostringstream out_;

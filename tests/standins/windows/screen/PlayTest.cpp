@@ -21,11 +21,11 @@ class ScreenTest : public ::testing::Test {
   /// What went wrong; "" when the script was played to its end.
   std::string Play(const Text& source, std::chrono::milliseconds limit = std::chrono::seconds(20)) {
     ScreenUser user(out_, err_,
-                    {.Names = kSampleNames, .By = *means_, .PrintedList = u"lst", .Limit = limit});
+                    {.names = kSampleNames, .by = *means_, .printed_list = u"lst", .limit = limit});
     auto commands = play::SampleCommands(desktop_, completed_);
     for (const Command& command : more_commands_) commands.push_back(command);
     std::vector<Text> forms;
-    for (const Command& command : commands) forms.push_back(command.Form);
+    for (const Command& command : commands) forms.push_back(command.form);
     try {
       user.Play(play::ParseScript(u"x", source, forms), commands);
     } catch (const play::ScriptError& error) {
@@ -79,7 +79,7 @@ TEST_F(ScreenTest, TimePassesOnlyWhereTheScriptLetsIt) {
 
 TEST_F(ScreenTest, AStatementIsOverWhenAllThatItOpensHasClosed) {
   Text order;
-  more_commands_ = {{u"note TEXT", [&](const Statement& line) { order += line.Texts[0]; }, true}};
+  more_commands_ = {{u"note TEXT", [&](const Statement& line) { order += line.texts[0]; }, true}};
   EXPECT_EQ(Play(u"open\nform frmSample\nnote \"1\"\npress cmdInner\nform frmSample\nnote \"2\"\n"
                  u"press cmdAsk\nanswer Yes \"Sure...\"\nnote \"3\"\nclose\n"
                  u"expect lblAnswer \"back\"\nnote \"4\"\nclose\nnote \"5\""),
@@ -107,7 +107,7 @@ TEST_F(ScreenTest, AFailureOfTheDialogIsToldAtTheStatementThatBroughtItAbout) {
 
 TEST_F(ScreenTest, AForeignDialogIsNotTakenForOneOfOurs) {
   const DialogNames other = {{{u"cmdOther", u"frmOther"}}, {}};
-  ScreenUser user(out_, err_, {.Names = other});
+  ScreenUser user(out_, err_, {.names = other});
   std::string failure;
   try {
     user.Play(play::SampleScript(u"open\nform frmSample"), play::SampleCommands(desktop_, completed_));
@@ -126,7 +126,7 @@ TEST_F(ScreenDeathTest, WindowsThatDoNotAnswerEndTheProgramByName) {
                        desktop_.ShowModal(form);
                      }}};
   const auto play = [this] {
-    ScreenUser user(std::cout, std::cerr, {.Names = kSampleNames, .Limit = std::chrono::seconds(3)});
+    ScreenUser user(std::cout, std::cerr, {.names = kSampleNames, .limit = std::chrono::seconds(3)});
     auto commands = play::SampleCommands(desktop_, completed_);
     commands.push_back(more_commands_[0]);
     user.Play(play::ParseScript(u"x", u"hang\nform frmSample\npress cmdOK", {u"hang"}), commands);
