@@ -54,12 +54,12 @@ double CpuSeconds() {
 }
 
 void Cost::KeepBest(const Cost& other) {
-  if (other.Seconds < Seconds) {
-    Seconds = other.Seconds;
-    HostSeconds = other.HostSeconds;
-    KernelSeconds = other.KernelSeconds;
+  if (other.seconds < seconds) {
+    seconds = other.seconds;
+    host_seconds = other.host_seconds;
+    kernel_seconds = other.kernel_seconds;
   }
-  PeakMb = std::min(PeakMb, other.PeakMb);
+  peak_mb = std::min(peak_mb, other.peak_mb);
 }
 
 Cost InChild(const std::function<Cost()>& work) {
@@ -86,9 +86,9 @@ Cost Measure(const std::function<void()>& work) {
   const double kernel_start = KernelSeconds();
   work();
   const double end = CpuSeconds();
-  return {.Seconds = end - start,
-          .KernelSeconds = KernelSeconds() - kernel_start,
-          .PeakMb = StatusMb("VmHWM") - before};
+  return {.seconds = end - start,
+          .kernel_seconds = KernelSeconds() - kernel_start,
+          .peak_mb = StatusMb("VmHWM") - before};
 }
 
 }  // namespace kestrune::bench

@@ -6,12 +6,12 @@
 namespace kestrune::bench {
 
 struct Cost {
-  double Seconds = 0;
-  double HostSeconds = 0;    // of these, within the host
-  double KernelSeconds = 0;  // of these, in the kernel: nearly all for memory that is touched first
-  double PeakMb = 0;         // how far memory grew beyond what there was before
-  long long Calls = 0;       // of the host's automation
-  long long Writes = 0;      // to the host's model
+  double seconds = 0;
+  double host_seconds = 0;    // of these, within the host
+  double kernel_seconds = 0;  // of these, in the kernel: nearly all for memory that is touched first
+  double peak_mb = 0;         // how far memory grew beyond what there was before
+  long long calls = 0;        // of the host's automation
+  long long writes = 0;       // to the host's model
 
   /// What the same work costs when nothing disturbs it: the least of both.
   void KeepBest(const Cost& other);

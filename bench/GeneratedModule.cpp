@@ -127,39 +127,39 @@ class Outline {
  public:
   /// Sets level, parent and outline number.
   void Place(GeneratedObject& object) {
-    const bool is_heading = IsHeading(object.Number);
-    while (!IsDetail(object.Number) && path_.size() > 1 && !IsHeading(path_.back().Number)) path_.pop_back();
-    if (is_heading) path_.resize(std::min(WantedLevel(object.Number), path_.size()));
-    object.Level = static_cast<int>(path_.size());
-    object.Parent = path_.back().Number;
-    object.Values[kOutline] = NextBelow(path_.back(), is_heading);
-    path_.push_back({object.Number, object.Values[kOutline]});
+    const bool is_heading = IsHeading(object.number);
+    while (!IsDetail(object.number) && path_.size() > 1 && !IsHeading(path_.back().number)) path_.pop_back();
+    if (is_heading) path_.resize(std::min(WantedLevel(object.number), path_.size()));
+    object.level = static_cast<int>(path_.size());
+    object.parent = path_.back().number;
+    object.values[kOutline] = NextBelow(path_.back(), is_heading);
+    path_.push_back({object.number, object.values[kOutline]});
   }
 
  private:
   struct Entry {
-    int Number = 0;
-    std::string Outline;
-    int Headings = 0;  // below it
-    int Others = 0;
+    int number = 0;
+    std::string outline;
+    int headings = 0;  // below it
+    int others = 0;
   };
 
   static std::string NextBelow(Entry& parent, bool is_heading) {
-    const bool is_top = parent.Number == 0;
-    if (is_heading) return parent.Outline + (is_top ? "" : ".") + std::to_string(++parent.Headings);
-    return parent.Outline + (IsHeading(parent.Number) ? "-0." : ".") + std::to_string(++parent.Others);
+    const bool is_top = parent.number == 0;
+    if (is_heading) return parent.outline + (is_top ? "" : ".") + std::to_string(++parent.headings);
+    return parent.outline + (IsHeading(parent.number) ? "-0." : ".") + std::to_string(++parent.others);
   }
 
   std::vector<Entry> path_ = std::vector<Entry>(1);  // from the module itself down
 };
 
 void FillText(GeneratedObject& object, Edition edition) {
-  auto& values = object.Values;
-  const bool is_heading = IsHeading(object.Number);
-  Dice dice(object.Number, kText);
+  auto& values = object.values;
+  const bool is_heading = IsHeading(object.number);
+  Dice dice(object.number, kText);
   values[kText] = is_heading ? "" : Prose(dice, 15 + dice.Below(50));
   values[kHeading] = is_heading ? Prose(dice, 4) : "";
-  if (edition == Edition::kNext && object.Number % 100 == 50) {
+  if (edition == Edition::kNext && object.number % 100 == 50) {
     values[kText] += " This has been added.";
     values[kStatus] = "Changed";
   }
@@ -167,8 +167,8 @@ void FillText(GeneratedObject& object, Edition edition) {
 }
 
 void FillOwnValues(GeneratedObject& object) {
-  auto& values = object.Values;
-  Dice dice(object.Number, kOwner);
+  auto& values = object.values;
+  Dice dice(object.number, kOwner);
   const auto number = [&dice](std::size_t limit) { return std::to_string(1 + dice.Below(limit)); };
   values[kCreatedBy] = dice.Of(kPeople);
   values[kCreatedOn] = Date(dice);
@@ -213,10 +213,10 @@ void WriteEscaped(std::ostream& out, const std::string& value) {
 
 void WriteObject(std::ostream& out, const GeneratedObject& object) {
   out << "<Object>";
-  for (std::size_t i = 0; i < object.Values.size(); ++i) {
-    if (object.Values[i].empty()) continue;
+  for (std::size_t i = 0; i < object.values.size(); ++i) {
+    if (object.values[i].empty()) continue;
     out << "<a" << i << '>';
-    WriteEscaped(out, object.Values[i]);
+    WriteEscaped(out, object.values[i]);
     out << "</a" << i << '>';
   }
   out << "</Object>";
@@ -242,12 +242,12 @@ std::array<std::int64_t, kNames.size()> MakeAttributes(standins::Database& sql, 
 void ForEachObject(int count, Edition edition, const std::function<void(const GeneratedObject&)>& visit) {
   Outline outline;
   for (int number = 1; number <= count; ++number) {
-    GeneratedObject object{.Number = number};
+    GeneratedObject object{.number = number};
     outline.Place(object);
-    object.Values[kNumber] = std::to_string(number);
-    object.Values[kIdentifier] = kPrefix + std::to_string(number);
-    object.Values[kLevel] = std::to_string(object.Level);
-    object.Values[kParent] = object.Parent == 0 ? "" : kPrefix + std::to_string(object.Parent);
+    object.values[kNumber] = std::to_string(number);
+    object.values[kIdentifier] = kPrefix + std::to_string(number);
+    object.values[kLevel] = std::to_string(object.level);
+    object.values[kParent] = object.parent == 0 ? "" : kPrefix + std::to_string(object.parent);
     FillOwnValues(object);
     FillText(object, edition);
     visit(object);
@@ -279,15 +279,15 @@ void FillDatabase(standins::DoorsDatabase& database, int count) {
       make_item(make_item(standins::DoorsDatabase::kRoot, u"Project", u"Plant"), u"Formal", u"Requirements");
   const auto attributes = MakeAttributes(sql, module);
   ForEachObject(count, Edition::kFirst, [&](const GeneratedObject& object) {
-    const Variant parent = object.Parent == 0 ? Variant() : Variant(object.Parent);
+    const Variant parent = object.parent == 0 ? Variant() : Variant(object.parent);
     sql.Prepare("INSERT INTO object (id, module, absolute_number, parent, position) VALUES (?, ?, ?, ?, ?)",
-                object.Number, module, object.Number, parent, object.Number)
+                object.number, module, object.number, parent, object.number)
         .Run();
     for (std::size_t i = 1; i < kNames.size(); ++i) {
-      if (attributes[i] == 0 || object.Values[i].empty()) continue;
-      const Variant rich = i == kText ? Variant(FromUtf8(object.Values[kRichText])) : Variant();
-      sql.Prepare("INSERT INTO value (object, attribute, text, rich) VALUES (?, ?, ?, ?)", object.Number,
-                  attributes[i], FromUtf8(object.Values[i]), rich)
+      if (attributes[i] == 0 || object.values[i].empty()) continue;
+      const Variant rich = i == kText ? Variant(FromUtf8(object.values[kRichText])) : Variant();
+      sql.Prepare("INSERT INTO value (object, attribute, text, rich) VALUES (?, ?, ?, ?)", object.number,
+                  attributes[i], FromUtf8(object.values[i]), rich)
           .Run();
     }
   });

@@ -13,10 +13,10 @@ inline constexpr std::size_t kFixedAttributes = 12;  // what every export has
 inline constexpr std::size_t kOwnAttributes = 16;    // what this module has besides
 
 struct GeneratedObject {
-  int Number = 0;  // from 1, in the order of the module
-  int Parent = 0;  // 0 at the top
-  int Level = 1;
-  std::array<std::string, kFixedAttributes + kOwnAttributes> Values;  // UTF-8; "" where the object has none
+  int number = 0;  // from 1, in the order of the module
+  int parent = 0;  // 0 at the top
+  int level = 1;
+  std::array<std::string, kFixedAttributes + kOwnAttributes> values;  // UTF-8; "" where the object has none
 };
 
 /// The module, and the same one after its users have gone on working: every hundredth object has another text

@@ -73,9 +73,9 @@ Cost LinkedPackage::MeasureWithHost(const std::function<void()>& work) {
   model_.Counters().Reset();
   host_seconds_ = 0;
   Cost cost = Measure(work);
-  cost.HostSeconds = host_seconds_;
-  cost.Calls = model_.Counters().Calls();
-  cost.Writes = model_.Counters().Writes();
+  cost.host_seconds = host_seconds_;
+  cost.calls = model_.Counters().Calls();
+  cost.writes = model_.Counters().Writes();
   return cost;
 }
 

@@ -16,14 +16,14 @@ std::string Fixed(double number, int digits) {
 }
 
 double OwnSeconds(const Cost& cost) {
-  return cost.Seconds - cost.KernelSeconds;
+  return cost.seconds - cost.kernel_seconds;
 }
 
 std::string Growth(const Result& result, const std::vector<Result>& results) {
   const auto smaller = std::find_if(results.begin(), results.end(), [&](const Result& other) {
-    return other.Phase == result.Phase && other.Objects * 10 == result.Objects;
+    return other.phase == result.phase && other.objects * 10 == result.objects;
   });
-  return smaller == results.end() ? "" : Fixed(OwnSeconds(result.Ours) / OwnSeconds(smaller->Ours), 1);
+  return smaller == results.end() ? "" : Fixed(OwnSeconds(result.ours) / OwnSeconds(smaller->ours), 1);
 }
 
 }  // namespace
@@ -34,12 +34,12 @@ void PrintReport(const std::vector<Result>& results, std::ostream& out) {
          ": bare |\n"
       << "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
   for (const Result& result : results) {
-    const Cost& cost = result.Ours;
-    out << "| " << result.Phase << " | " << result.Objects << " | " << Fixed(cost.Seconds, 3) << " | "
-        << Fixed(cost.HostSeconds, 3) << " | " << Fixed(cost.KernelSeconds, 3) << " | "
-        << (result.Bare ? Fixed(result.TimeRatio(), 2) : "") << " | " << Growth(result, results) << " | "
-        << cost.Calls << " | " << cost.Writes << " | " << Fixed(cost.PeakMb, 1) << " | "
-        << (result.Bare ? Fixed(result.MemoryRatio(), 2) : "") << " |\n";
+    const Cost& cost = result.ours;
+    out << "| " << result.phase << " | " << result.objects << " | " << Fixed(cost.seconds, 3) << " | "
+        << Fixed(cost.host_seconds, 3) << " | " << Fixed(cost.kernel_seconds, 3) << " | "
+        << (result.bare ? Fixed(result.TimeRatio(), 2) : "") << " | " << Growth(result, results) << " | "
+        << cost.calls << " | " << cost.writes << " | " << Fixed(cost.peak_mb, 1) << " | "
+        << (result.bare ? Fixed(result.MemoryRatio(), 2) : "") << " |\n";
   }
 }
 

@@ -11,13 +11,13 @@
 namespace kestrune::bench {
 
 struct Result {
-  std::string Phase;
-  int Objects = 0;
-  Cost Ours;
-  std::optional<Cost> Bare;  // of the least that the phase could cost
+  std::string phase;
+  int objects = 0;
+  Cost ours;
+  std::optional<Cost> bare;  // of the least that the phase could cost
 
-  double TimeRatio() const { return Ours.Seconds / Bare->Seconds; }
-  double MemoryRatio() const { return Ours.PeakMb / Bare->PeakMb; }
+  double TimeRatio() const { return ours.seconds / bare->seconds; }
+  double MemoryRatio() const { return ours.peak_mb / bare->peak_mb; }
 };
 
 /// Prints a table in Markdown. Its column "growth" is the time outside of the kernel in proportion to that of

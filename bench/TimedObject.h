@@ -21,9 +21,9 @@ class TimedObject : public Dispatch {
 
  private:
   struct Stopwatch {  // stops also when an exception passes
-    double& Seconds;
-    double Start = CpuSeconds();
-    ~Stopwatch() { Seconds += CpuSeconds() - Start; }
+    double& seconds;
+    double start = CpuSeconds();
+    ~Stopwatch() { seconds += CpuSeconds() - start; }
   };
 
   Variant InvokeTimed(Access access, TextView member, Args args) {

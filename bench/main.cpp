@@ -16,16 +16,16 @@ namespace {
 using Run = std::function<Cost(const Workspace&, int objects)>;
 
 struct Size {
-  int Objects;
-  int Rounds;  // how often that is measured; the best one counts
+  int objects;
+  int rounds;  // how often that is measured; the best one counts
 };
 using Sizes = std::vector<Size>;
 
 struct Phase {
-  const char* Name;
-  Sizes OfModules;
-  Run Ours;
-  Run Bare;
+  const char* name;
+  Sizes of_modules;
+  Run ours;
+  Run bare;
 };
 
 Cost ImportFromEmpty(const Workspace& workspace, int objects) {
@@ -92,15 +92,15 @@ void MeasurePhase(benchmark::State& state, const Phase& phase, const Workspace& 
   std::optional<Cost> ours;
   std::optional<Cost> bare;
   for ([[maybe_unused]] auto _ : state) {
-    if (phase.Bare) KeepBest(bare, InChild([&] { return phase.Bare(workspace, objects); }));
-    const Cost cost = InChild([&] { return phase.Ours(workspace, objects); });
-    state.SetIterationTime(cost.Seconds);
+    if (phase.bare) KeepBest(bare, InChild([&] { return phase.bare(workspace, objects); }));
+    const Cost cost = InChild([&] { return phase.ours(workspace, objects); });
+    state.SetIterationTime(cost.seconds);
     KeepBest(ours, cost);
   }
-  const Result& result = results.emplace_back(Result{phase.Name, objects, *ours, bare});
-  state.counters["calls"] = static_cast<double>(ours->Calls);
-  state.counters["writes"] = static_cast<double>(ours->Writes);
-  state.counters["peak_MB"] = ours->PeakMb;
+  const Result& result = results.emplace_back(Result{phase.name, objects, *ours, bare});
+  state.counters["calls"] = static_cast<double>(ours->calls);
+  state.counters["writes"] = static_cast<double>(ours->writes);
+  state.counters["peak_MB"] = ours->peak_mb;
   if (!bare) return;
   state.counters["time_ratio"] = result.TimeRatio();
   state.counters["memory_ratio"] = result.MemoryRatio();
@@ -108,11 +108,11 @@ void MeasurePhase(benchmark::State& state, const Phase& phase, const Workspace& 
 
 void RegisterPhases(const Workspace& workspace, std::vector<Result>& results) {
   for (const Phase& phase : Phases()) {
-    for (const Size& size : phase.OfModules) {
+    for (const Size& size : phase.of_modules) {
       benchmark::RegisterBenchmark(
-          phase.Name, [&](benchmark::State& state) { MeasurePhase(state, phase, workspace, results); })
-          ->Arg(size.Objects)
-          ->Iterations(size.Rounds)
+          phase.name, [&](benchmark::State& state) { MeasurePhase(state, phase, workspace, results); })
+          ->Arg(size.objects)
+          ->Iterations(size.rounds)
           ->UseManualTime()
           ->Unit(benchmark::kMillisecond);
     }

@@ -13,7 +13,7 @@ struct DoorsFixture : ::testing::Test, TestPlatform {
   DoorsFixture() { StartDoors(u"/P/A\n/P/B\n"); }
   void StartDoors(const Text& answer) {
     application = std::make_shared<SimulatedDoors>();
-    application->AnswerInstead = answer;
+    application->answer_instead = answer;
     objects.objects[u"Doors.Application"] = application->AsObject();
   }
   void OpenMainWindow() { desktop.AddWindow({u"DOORSWindow", kMainWindow}); }

@@ -73,12 +73,12 @@ TEST_F(DoorsTest, CancelLeavesNoConnectionEvenWhereThereWasOne) {
 TEST_F(DoorsTest, AScriptWithoutParametersLeavesTheResultSlotAlone) {
   OpenMainWindow();
   ASSERT_TRUE(doors.EnsureDoors());
-  application->AnswerInstead = u"answer";
+  application->answer_instead = u"answer";
   EXPECT_EQ(doors.RunScript(dxl_script::kListModules), u"answer");
-  EXPECT_TRUE(application->Parameters.empty());
+  EXPECT_TRUE(application->parameters.empty());
   EXPECT_EQ(doors.RunScript(dxl_script::kListViews, u"/P/M"), u"answer");
-  EXPECT_EQ(application->Parameters, std::vector<Text>{u"/P/M"});
-  EXPECT_EQ(application->Scripts[1], LoadDxl(102));
+  EXPECT_EQ(application->parameters, std::vector<Text>{u"/P/M"});
+  EXPECT_EQ(application->scripts[1], LoadDxl(102));
 }
 
 TEST_F(DoorsTest, ADoorsThatCannotBeCreatedIsTheCallersAffairAndTheDialogIsClosed) {
@@ -99,18 +99,18 @@ TEST_F(DoorsTest, ADoorsThatCannotBeCreatedIsTheCallersAffairAndTheDialogIsClose
 /// Lets messages run while it makes an object, as the system does.
 struct PumpingObjects : ObjectFactory {
   Object Create(TextView) override {
-    ++Created;
-    WhileCreating();
-    return Made;
+    ++created;
+    while_creating();
+    return made;
   }
-  Object Made;
-  std::function<void()> WhileCreating;
-  int Created = 0;
+  Object made;
+  std::function<void()> while_creating;
+  int created = 0;
 };
 
 TEST_F(DoorsTest, MessagesThatRunWhileDoorsIsCreated) {
   PumpingObjects pumping;
-  pumping.Made = application->AsObject();
+  pumping.made = application->AsObject();
   const Platform pumped{desktop, folders, pumping};
   const struct {
     const char* name;
@@ -126,10 +126,10 @@ TEST_F(DoorsTest, MessagesThatRunWhileDoorsIsCreated) {
     desktop.WindowAt(1).visible = false;
     desktop.OnForm<frmConnectProgress>([&](frmConnectProgress& form) {
       desktop.WindowAt(1).visible = true;
-      pumping.WhileCreating = [&] { each.meanwhile(form); };
-      pumping.Created = 0;
+      pumping.while_creating = [&] { each.meanwhile(form); };
+      pumping.created = 0;
       desktop.Tick();
-      EXPECT_EQ(pumping.Created, 1) << each.name;
+      EXPECT_EQ(pumping.created, 1) << each.name;
       EXPECT_FALSE(form.IsOpen()) << each.name;
     });
     EXPECT_EQ(static_cast<bool>(frmConnectProgress(pumped).GetDoors()), each.is_connected) << each.name;

@@ -15,7 +15,7 @@ struct ConnectTest : DoorsFixture {
     return frmConnect(doors).ShowIt();
   }
   void List(Text answer) {
-    application->AnswerInstead = std::move(answer);
+    application->answer_instead = std::move(answer);
     desktop.Tick();
   }
 };
@@ -78,9 +78,9 @@ TEST_F(ConnectTest, TheRefreshRestsWhileAPathIsTyped) {
     desktop.Tick();
     desktop.OnInput(std::nullopt);  // timers tick meanwhile
     form.cmdManual.Press();
-    EXPECT_EQ(application->Scripts.size(), 1u);
+    EXPECT_EQ(application->scripts.size(), 1u);
     desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 2u);
+    EXPECT_EQ(application->scripts.size(), 2u);
     form.cmdCancel.Press();
   });
 }
@@ -88,7 +88,7 @@ TEST_F(ConnectTest, TheRefreshRestsWhileAPathIsTyped) {
 TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
   int depth = 0;
   Connect([&](frmConnect& form) {
-    application->WhileRunning = [&] {
+    application->while_running = [&] {
       EXPECT_EQ(++depth, 1);
       desktop.Tick();
       desktop.PumpMessages();
@@ -96,7 +96,7 @@ TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
     };
     desktop.Tick();
     desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 2u);
+    EXPECT_EQ(application->scripts.size(), 2u);
     EXPECT_EQ(form.lstModules.Items().size(), 2u);
     form.cmdCancel.Press();
   });
@@ -104,11 +104,11 @@ TEST_F(ConnectTest, ARefreshIsNotEnteredAgainWhileDoorsLetsMessagesRun) {
 
 TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
   const Text chosen = Connect([&](frmConnect& form) {
-    application->WhileRunning = [&] { form.cmdCancel.Press(); };
+    application->while_running = [&] { form.cmdCancel.Press(); };
     desktop.Tick();
     EXPECT_FALSE(form.IsOpen());
     desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 1u);
+    EXPECT_EQ(application->scripts.size(), 1u);
   });
   EXPECT_EQ(chosen, u"");
 }
@@ -116,7 +116,7 @@ TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
 struct LostConnectionTest : ConnectTest {
   /// DOORS dies: what is asked of it fails, and its window is gone.
   void Die() {
-    application->Failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
+    application->failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
     desktop.WindowAt(1).class_name = u"";
   }
   /// Another DOORS comes up.
@@ -134,7 +134,7 @@ TEST_F(LostConnectionTest, IsToldOnceAndTheListCanStillBeUsed) {
     Die();
     ExpectToldOnce();
     for (int tick = 0; tick < 5; ++tick) desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 2u) << "what is dead is not asked again";
+    EXPECT_EQ(application->scripts.size(), 2u) << "what is dead is not asked again";
     EXPECT_EQ(form.lstModules.Items().size(), 2u);
     form.cmdOK.Press();
   });
@@ -159,15 +159,15 @@ TEST_F(LostConnectionTest, TheRefreshGoesOnWhenDoorsIsBack) {
 
 TEST_F(LostConnectionTest, ADoorsThatStaysReadyAndFailsEachTimeIsToldOnce) {
   Connect([&](frmConnect& form) {
-    application->Failure = AutomationError(0x80010001, u"DOORS", u"Call was rejected by callee.");
+    application->failure = AutomationError(0x80010001, u"DOORS", u"Call was rejected by callee.");
     desktop.OnMessage(u"Call was rejected by callee.");
     for (int tick = 0; tick < 5; ++tick) desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 5u) << "it may be free again at any time";
+    EXPECT_EQ(application->scripts.size(), 5u) << "it may be free again at any time";
     objects.objects.clear();
     desktop.Tick();
-    EXPECT_EQ(application->Scripts.size(), 5u) << "and it may be impossible to get hold of it";
+    EXPECT_EQ(application->scripts.size(), 5u) << "and it may be impossible to get hold of it";
     objects.objects[u"Doors.Application"] = application->AsObject();
-    application->Failure.reset();
+    application->failure.reset();
     desktop.Tick();
     EXPECT_EQ(form.lstModules.SelectedText(), u"/P/A");
     form.cmdCancel.Press();

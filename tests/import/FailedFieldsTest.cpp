@@ -16,7 +16,7 @@ Text ExcludeQuestion(const Text& fields) {
 }
 
 struct FailedFieldsTest : testing::ImportFixture {
-  FailedFieldsTest() { application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"A")}; }
+  FailedFieldsTest() { application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"A")}; }
 
   /// The rules with a target that are stored now.
   std::vector<Text> MappedRules() {
@@ -73,9 +73,9 @@ TEST_F(FailedFieldsTest, BelongToAFieldAndNotToItsName) {
     SCOPED_TRACE(each.name);
     GoOnWithAnotherPackage();
     for (const char16_t* attribute : {u"Status", u"Position", u"Parent"})
-      if (std::ranges::find(application->Attributes, Text(attribute)) == application->Attributes.end())
-        application->Attributes.push_back(attribute);
-    for (auto& object : application->Objects)
+      if (std::ranges::find(application->attributes, Text(attribute)) == application->attributes.end())
+        application->attributes.push_back(attribute);
+    for (auto& object : application->objects)
       for (const char* value : {"a13", "a14", "a15"}) object.emplace_back(value, u"x");
     StoreRules(each.rules);
     each.fault(model.Faults());

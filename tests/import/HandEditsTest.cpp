@@ -9,7 +9,7 @@ using testing::Exported;
 struct HandEditsTest : testing::ImportFixture {
   HandEditsTest() {
     StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)"});
-    application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
+    application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
     Import();
   }
   Text Ids(const char16_t* identifier) const { return ToText(ElementOf(identifier).ElementID()); }
@@ -70,7 +70,7 @@ TEST_F(HandEditsTest, AnElementBelowAForeignOneEndsTheImportWithWordsThatHelp) {
 }
 
 TEST_F(HandEditsTest, AnArchivedElementMayLieBelowAnything) {
-  application->Objects = {Exported(u"A"), Exported(u"B", u"A")};
+  application->objects = {Exported(u"A"), Exported(u"B", u"A")};
   NextArchives(1);
   Import();
   const orim::Element child = repository.ElementByID(model.Tree(Trash().PackageID())[0].id);
@@ -78,7 +78,7 @@ TEST_F(HandEditsTest, AnArchivedElementMayLieBelowAnything) {
   PutBelow(child, parent.ElementID());
   Import();
   EXPECT_EQ(WritesOfAnImport(), 0);
-  application->Objects.push_back(Exported(u"C"));
+  application->objects.push_back(Exported(u"C"));
   NextMessage(u"1 item(s) restored from the 'Trash Can' package.");
   Import();
   EXPECT_EQ(Tree(), "drawn\n[A] nA\n  [B] nB\n[C] nC\nTrash Can\n");
@@ -93,7 +93,7 @@ TEST_F(HandEditsTest, ATaggedValueThatIsThereTwiceSettles) {
       u"up to date; delete the others.";
   EXPECT_TRUE(HasLine(Import(), warning));
   EXPECT_EQ(WritesOfAnImport(), 0);
-  application->Objects[0] = Exported(u"A", u"", u"angry");
+  application->objects[0] = Exported(u"A", u"", u"angry");
   EXPECT_TRUE(HasLine(Import(), u"   nA: ... Mood: calm --> angry"));
   EXPECT_EQ(WritesOfAnImport(), 0);
 }
@@ -105,7 +105,7 @@ TEST_F(HandEditsTest, WhatIsLockedStaysWithItsChildrenAndIsNamed) {
            u"since '" +
            locked + u"' is locked. Unlock that element and import again.";
   };
-  application->Objects = {};
+  application->objects = {};
   model.SetLocked(ElementOf(u"B").ElementID(), true);
   const auto lines = Import();
   EXPECT_TRUE(HasLine(lines, stays(u"nA", u"nB")) && HasLine(lines, stays(u"nB", u"nB")));
@@ -114,7 +114,7 @@ TEST_F(HandEditsTest, WhatIsLockedStaysWithItsChildrenAndIsNamed) {
   NextArchives(3);
   Import();
   model.SetLocked(ElementOf(u"B").ElementID(), true);
-  application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B", u"new")};
+  application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B", u"new")};
   NextMessage(u"2 item(s) restored from the 'Trash Can' package.");
   EXPECT_TRUE(
       HasLine(Import(),
@@ -134,18 +134,18 @@ TEST_F(HandEditsTest, AnElementThatWasNeverFinishedIsGoneOnWith) {
   noted.SetField(u"Notes", u"mine");
   noted.Save();
   AddElement(u"nF", {{u"Mine", u"x"}});
-  for (const char16_t* identifier : {u"D", u"E", u"F"}) application->Objects.push_back(Exported(identifier));
+  for (const char16_t* identifier : {u"D", u"E", u"F"}) application->objects.push_back(Exported(identifier));
   Import();
   EXPECT_EQ(Tree(), "nE\nnF\n[A] nA\n  [B] nB\n    [C] nC\n[D] nD\n[E] nE\n[F] nF\nTrash Can\n");
 }
 
 TEST_F(HandEditsTest, AnImportThatIsAboutToArchiveMostOfThePackageSaysSoFirst) {
-  for (int i = 0; i < 17; ++i) application->Objects.push_back(Exported(ToText(i)));
+  for (int i = 0; i < 17; ++i) application->objects.push_back(Exported(ToText(i)));
   Import();
-  application->Objects.resize(10);
+  application->objects.resize(10);
   NextArchives(10);
   EXPECT_FALSE(HasLine(Import(), u"Warning: 10 of 20 elements")) << "no more than half";
-  application->Objects.clear();
+  application->objects.clear();
   NextArchives(10);
   const auto lines = Import();
   const auto warning = std::ranges::find_if(lines, [](const Text& line) {

@@ -14,7 +14,7 @@ namespace kestrune::testing {
 struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
   ImportFixture() {
     // a0 to a12
-    application->Attributes = {u"Absolute Number",
+    application->attributes = {u"Absolute Number",
                                u"Object Identifier",
                                u"Object Number",
                                u"Object Level",

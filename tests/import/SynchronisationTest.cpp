@@ -17,33 +17,33 @@ struct SynchronisationTest : ImportFixture {
 };
 
 TEST_F(SynchronisationTest, ParentAndChildMayChangePlaces) {
-  application->Objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
+  application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
   Import();
   EXPECT_EQ(Tree(), "[A] nA\n  [B] nB\n    [C] nC\nTrash Can\n");
-  application->Objects = {Exported(u"B"), Exported(u"A", u"B"), Exported(u"C", u"A")};
+  application->objects = {Exported(u"B"), Exported(u"A", u"B"), Exported(u"C", u"A")};
   Import();
   EXPECT_EQ(Tree(), "[B] nB\n  [A] nA\n    [C] nC\nTrash Can\n");
 }
 
 TEST_F(SynchronisationTest, ShowsWhatGoesToTheTrashAndComesBack) {
-  application->Objects = {Exported(u"A")};
+  application->objects = {Exported(u"A")};
   Import();
-  application->Objects.clear();
+  application->objects.clear();
   NextMessage(
       u"1 item(s) no longer appear in the DOORS module and their corresponding Orim entries\r\nhave been "
       u"moved to the 'Trash Can' package.");
   EXPECT_TRUE(HasLine(Import(), u"   nA: Archived"));
   EXPECT_FALSE(HasLine(Import(), u"   nA: Archived")) << "reported once";
-  application->Objects = {Exported(u"A")};
+  application->objects = {Exported(u"A")};
   NextMessage(u"1 item(s) restored from the 'Trash Can' package.");
   EXPECT_TRUE(HasLine(Import(), u"   nA: Restored"));
 }
 
 TEST_F(SynchronisationTest, ASecondImportWritesNothingAndAsksNoMoreForALargerModule) {
   const auto calls_of_a_second_import = [&](int count) {
-    application->Objects.clear();
+    application->objects.clear();
     for (int i = 1; i <= count; ++i)
-      application->Objects.push_back(
+      application->objects.push_back(
           Exported(ToText(i), i % 4 < 2 ? u"" : ToText(i - i % 4 + 1), Text(i % 3 ? 5 : 300, u'x')));
     Import();
     EXPECT_EQ(WritesOfAnImport(), 0) << count;
@@ -54,9 +54,9 @@ TEST_F(SynchronisationTest, ASecondImportWritesNothingAndAsksNoMoreForALargerMod
 }
 
 TEST_F(SynchronisationTest, OnlyWhatDiffersIsWrittenAndShown) {
-  application->Objects = {Exported(u"A"), Exported(u"B", u"A")};
+  application->objects = {Exported(u"A"), Exported(u"B", u"A")};
   Import();
-  application->Objects[0] = Exported(u"A", u"", u"merry");
+  application->objects[0] = Exported(u"A", u"", u"merry");
   model.Counters().Reset();
   EXPECT_TRUE(HasLine(Import(), u"   nA: ... Mood: calm --> merry"));
   EXPECT_EQ(model.Counters().Writes(), 1);
@@ -67,7 +67,7 @@ TEST_F(SynchronisationTest, TwoElementsWithOneIdentifierEndTheImportBeforeAnythi
   const auto first = AddElement(u"First", {{u"Object Identifier", u"A"}});
   const auto second = AddElement(u"Second", {{u"Object Identifier", u"A"}});
   MoveTo(second, MakePackage(u"Trash Can"));
-  application->Objects = {Exported(u"B")};
+  application->objects = {Exported(u"B")};
   NextMessage(u"The Object Identifier 'A' is carried by two elements, 'First' (id " +
               ToText(first.ElementID()) + u", in the package 'Requirements') and 'Second' (id " +
               ToText(second.ElementID()) +
@@ -80,7 +80,7 @@ TEST_F(SynchronisationTest, TwoElementsWithOneIdentifierEndTheImportBeforeAnythi
 TEST_F(SynchronisationTest, AnElementWithTwoIdentifiersEndsTheImportToo) {
   const auto element = AddElement(u"Both", {{u"Object Identifier", u"A"}});
   element.TaggedValues().AddNew(u"Object Identifier", u"B").Save();
-  application->Objects = {Exported(u"A")};
+  application->objects = {Exported(u"A")};
   const Text both = u"'Both' (id " + ToText(element.ElementID()) + u", in the package 'Requirements')";
   NextMessage(u"The Object Identifier 'B' is carried by two elements, " + both + u" and " + both +
               u". Remove the tagged value from one of them and import again.\r\n(Error Code: -2146827831)");
@@ -90,7 +90,7 @@ TEST_F(SynchronisationTest, AnElementWithTwoIdentifiersEndsTheImportToo) {
 
 TEST_F(SynchronisationTest, ATaggedValueMayFillTwoColumns) {
   StoreRules({u"Object Identifier --> (Tagged Value)"});
-  application->Objects = {Exported(u"A")};
+  application->objects = {Exported(u"A")};
   Import();
   EXPECT_EQ(WritesOfAnImport(), 0);
 }
@@ -115,7 +115,7 @@ TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
     SCOPED_TRACE(each.tree);
     GoOnWithAnotherPackage();
     StoreRules({u"Object Heading --> Name"});
-    application->Objects = each.exported;
+    application->objects = each.exported;
     std::vector<Text> warnings;
     for (const Text& line : Import())
       if (line.starts_with(u"Warning: ")) warnings.push_back(line.substr(9));
@@ -129,7 +129,7 @@ TEST_F(SynchronisationTest, DamagedExportsGiveWarningsAndASoundTree) {
 }
 
 TEST_F(SynchronisationTest, ANameThatTheHostDoesNotTakeIsTheIdentifierAndStaysIt) {
-  application->Objects = {{{"a1", u"A"}, {"a9", Text(256, u'x')}, {"a12", u"calm"}},
+  application->objects = {{{"a1", u"A"}, {"a9", Text(256, u'x')}, {"a12", u"calm"}},
                           {{"a1", u"B"}},
                           {{"a1", u"C"}, {"a9", Text(255, u'x')}},
                           {{"a1", u"D"}, {"a9", u"{\\rtf1\\ansi plain\\par}"}}};
@@ -161,9 +161,9 @@ TEST_F(SynchronisationTest, ParentAndChildMayChangePlacesWhereTheChildComesFirst
     SCOPED_TRACE(each.tree);
     GoOnWithAnotherPackage();
     StoreRules({u"Object Heading --> Name"});
-    application->Objects = each.before;
+    application->objects = each.before;
     Import();
-    application->Objects = each.after;
+    application->objects = each.after;
     Import();
     EXPECT_EQ(Tree(), std::string(each.tree) + "Trash Can\n");
     EXPECT_EQ(WritesOfAnImport(), 0);
@@ -172,9 +172,9 @@ TEST_F(SynchronisationTest, ParentAndChildMayChangePlacesWhereTheChildComesFirst
 
 TEST_F(SynchronisationTest, ChangesOfAnElementStayOneGroupWhenItsNameIsAmongThem) {
   StoreRules({u"Object Heading --> Name", u"Object Text --> Notes"});
-  application->Objects = {Exported(u"A"), {{"a1", u"B"}, {"a9", u"old"}, {"a4", u"text"}}};
+  application->objects = {Exported(u"A"), {{"a1", u"B"}, {"a9", u"old"}, {"a4", u"text"}}};
   Import();
-  application->Objects = {{{"a1", u"B"}, {"a9", u"new"}, {"a4", u"other"}}, Exported(u"A")};
+  application->objects = {{{"a1", u"B"}, {"a9", u"new"}, {"a4", u"other"}}, Exported(u"A")};
   const auto lines = Import();
   const auto head = std::find(lines.begin(), lines.end(), u"   old:");
   ASSERT_NE(head, lines.end());
@@ -185,7 +185,7 @@ TEST_F(SynchronisationTest, ChangesOfAnElementStayOneGroupWhenItsNameIsAmongThem
 
 TEST_F(SynchronisationTest, ALongIdentifierIsKnownAgain) {
   const Text identifier = u"R" + Text(300, u'1');
-  application->Objects = {Exported(identifier), Exported(u"B", identifier)};
+  application->objects = {Exported(identifier), Exported(u"B", identifier)};
   Import();
   EXPECT_EQ(WritesOfAnImport(), 0);
   EXPECT_EQ(model.Tree(package_id).size(), 3u) << "two elements and the trash package";
@@ -193,7 +193,7 @@ TEST_F(SynchronisationTest, ALongIdentifierIsKnownAgain) {
 
 TEST_F(SynchronisationTest, ACombinedRuleWithoutItsFirstAttributeLeavesTheValueEmpty) {
   StoreRules({u"Gone [: Mood] --> Alias"});
-  application->Objects = {Exported(u"A")};
+  application->objects = {Exported(u"A")};
   EXPECT_TRUE(
       HasLine(Import(),
               u"Warning: The module has no attribute \"Gone\" any more: the rule \"Gone [: Mood] --> Alias\" "

@@ -10,7 +10,7 @@ struct ImportWindowTest : ImportFixture {
 };
 
 TEST_F(ImportWindowTest, ShowsEveryStepOfAnImport) {
-  application->Objects = {{{"a1", u"R1"}, {"a9", u"Scope"}}};
+  application->objects = {{{"a1", u"R1"}, {"a9", u"Scope"}}};
   EXPECT_EQ(Import(),
             (std::vector<Text>{u"Connecting to DOORS", u"Checking contents of DOORS module",
                                u"Checking Orim package contents", u"Comparing...", u"Processing Trash...",
@@ -26,9 +26,9 @@ TEST_F(ImportWindowTest, CountsWhatItDid) {
   const auto object = [](const Text& identifier, const Text& heading) {
     return testing::ExportedObject{{"a1", identifier}, {"a9", heading}};
   };
-  application->Objects = {object(u"A", u"a"), object(u"B", u"b"), object(u"C", u"c"), object(u"D", u"d")};
+  application->objects = {object(u"A", u"a"), object(u"B", u"b"), object(u"C", u"c"), object(u"D", u"d")};
   Import();
-  application->Objects = {object(u"D", u"d"), object(u"B", u"other"), object(u"C", u"c"), object(u"E", u"e")};
+  application->objects = {object(u"D", u"d"), object(u"B", u"other"), object(u"C", u"c"), object(u"E", u"e")};
   NextMessage(
       u"1 item(s) no longer appear in the DOORS module and their corresponding Orim entries\r\nhave been "
       u"moved to the 'Trash Can' package.");
@@ -55,7 +55,7 @@ TEST_F(ImportWindowTest, ItsLinesCanBeCopied) {
 }
 
 TEST_F(ImportWindowTest, ALongPhaseShowsHowFarItIs) {
-  for (int i = 0; i < 40; ++i) application->Objects.push_back({{"a1", ToText(i)}});
+  for (int i = 0; i < 40; ++i) application->objects.push_back({{"a1", ToText(i)}});
   desktop.SetMillisecondsPerLook(40);
   std::vector<Text> captions;
   frmImport form(doors);
@@ -82,7 +82,7 @@ TEST_F(ImportWindowTest, ARuleThatNamesNoFieldEndsTheImportBeforeAnythingIsWritt
 
 TEST_F(ImportWindowTest, OfTwoRulesForOneFieldTheFirstIsUsed) {
   StoreRules({u"Mood --> Alias", u"Object Text --> Alias", u"Object Identifier --> (Tagged Value)"});
-  application->Objects = {{{"a1", u"A"}, {"a4", u"text"}, {"a12", u"mood"}}};
+  application->objects = {{{"a1", u"A"}, {"a4", u"text"}, {"a12", u"mood"}}};
   EXPECT_TRUE(
       HasLine(Import(),
               u"Warning: The rule \"Object Text --> Alias\" is not used: \"Mood --> Alias\" fills the "
@@ -95,7 +95,7 @@ TEST_F(ImportWindowTest, TheParametersNameModuleAndView) {
   Import();
   StoreRules({}, u"Accepted");
   Import();
-  EXPECT_EQ(application->Parameters, (std::vector<Text>{u"/P/M~0~~", u"/P/M~0~Accepted"}));
+  EXPECT_EQ(application->parameters, (std::vector<Text>{u"/P/M~0~~", u"/P/M~0~Accepted"}));
 }
 
 TEST_F(ImportWindowTest, AnswersThatAreNoFile) {
@@ -111,7 +111,7 @@ TEST_F(ImportWindowTest, AnswersThatAreNoFile) {
        u"module exactly, including case."},
   };
   for (const auto& each : cases) {
-    application->AnswerInstead = each.answer;
+    application->answer_instead = each.answer;
     NextMessage(each.description + u"\r\n(Error Code: -2147221502)");
     EXPECT_EQ(Import().back(), u"Checking contents of DOORS module");
   }
@@ -123,7 +123,7 @@ TEST_F(ImportWindowTest, ARuleThatCannotBeReadEndsTheImportAndStaysInTheRecord) 
   const Text damaged = record.Notes() + u"Mood [x --> Notes\r\n";
   record.SetNotes(damaged);
   record.Save();
-  application->Objects = {{{"a1", u"R1"}}};
+  application->objects = {{{"a1", u"R1"}}};
   NextMessage(FormatResText(text::kMalformedRule, {u"Mood [x --> Notes"}) + u"\r\n(Error Code: -2147221497)");
   Import();
   EXPECT_EQ(Tree(), "");
@@ -132,14 +132,14 @@ TEST_F(ImportWindowTest, ARuleThatCannotBeReadEndsTheImportAndStaysInTheRecord) 
 
 TEST_F(ImportWindowTest, ALostConnectionIsToldAsSuch) {
   for (const std::uint32_t number : {0x80010108u, 0x800706BEu}) {
-    application->Failure = AutomationError(number, u"DOORS", u"gone");
+    application->failure = AutomationError(number, u"DOORS", u"gone");
     NextMessage(
         u"Unexpected error communicating with DOORS.\r\n\r\nPlease ensure that DOORS is running with the "
         u"relevant "
         u"database open then try again.\r\n");
     Import();
   }
-  application->Failure = AutomationError(0x800706BA, u"DOORS", u"The server is not there.");
+  application->failure = AutomationError(0x800706BA, u"DOORS", u"The server is not there.");
   NextMessage(u"The server is not there.\r\n(Error Code: -2147023174)");
   Import();
 }
@@ -147,7 +147,7 @@ TEST_F(ImportWindowTest, ALostConnectionIsToldAsSuch) {
 TEST_F(ImportWindowTest, AMalformedExportCanBeLookedAt) {
   const Text path = folder.File(u"DP1");
   WriteFile(path, "<DoorsModule>");
-  application->AnswerInstead = path;
+  application->answer_instead = path;
   frmImport form(doors);
   desktop.OnForm<frmImport>([&](frmImport& opened) {
     desktop.OnMessage([](const Message& message) {
@@ -171,14 +171,14 @@ TEST_F(ImportWindowTest, AMalformedExportCanBeLookedAt) {
 TEST_F(ImportWindowTest, CannotBeClosedWhileTheTransferRuns) {
   frmImport form(doors);
   desktop.OnForm<frmImport>([&](frmImport& opened) {
-    application->WhileRunning = [&] {
+    application->while_running = [&] {
       opened.CloseByUser();
       EXPECT_TRUE(opened.IsOpen());
       EXPECT_FALSE(opened.cmdClose.Enabled());
       desktop.Tick();  // the timer has done its one tick
     };
     desktop.Tick();
-    EXPECT_EQ(application->Parameters.size(), 1u);
+    EXPECT_EQ(application->parameters.size(), 1u);
     opened.CloseByUser();
     EXPECT_FALSE(opened.IsOpen());
   });
@@ -189,7 +189,7 @@ TEST_F(ImportWindowTest, ClosesByItselfWhereThereIsNothingToTransfer) {
   SaveLinkFile(platform, Guid(), u"");
   NextMessage(u"Module Path not set");
   Import();
-  EXPECT_TRUE(application->Parameters.empty());
+  EXPECT_TRUE(application->parameters.empty());
 }
 
 TEST_F(ImportWindowTest, ClosesByItselfWhenTheUserGivesUpTheOptionsOrDoors) {
@@ -214,7 +214,7 @@ TEST_F(ImportWindowTest, ClosesByItselfWhenTheUserGivesUpTheOptionsOrDoors) {
 
 TEST_F(ImportWindowTest, MinimizesADoorsThatCameToTheFront) {
   const WindowHandle module_window = desktop.AddWindow({u"DOORSModule", 0});
-  application->WhileRunning = [&] { desktop.BringToFront(module_window); };
+  application->while_running = [&] { desktop.BringToFront(module_window); };
   Import();
   EXPECT_TRUE(desktop.WindowAt(module_window).minimized);
 }
@@ -236,7 +236,7 @@ TEST_F(ImportWindowTest, CaptionsFollowTheDirectionAndHelpItsTopic) {
 TEST_F(ImportWindowTest, TheExportComparisonNamesWhatTheModuleLacksAndChangesNothing) {
   AddElement(u"Only here", {{u"Object Identifier", u"R9"}});
   AddElement(u"In both", {{u"Object Identifier", u"R1"}});
-  application->Objects = {{{"a1", u"R1"}, {"a9", u"renamed"}}, {{"a1", u"R2"}}};
+  application->objects = {{{"a1", u"R1"}, {"a9", u"renamed"}}, {{"a1", u"R2"}}};
   model.Counters().Reset();
   const auto lines = Import(1);
   ASSERT_EQ(lines.size(), 6u);

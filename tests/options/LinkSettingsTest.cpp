@@ -198,12 +198,12 @@ TEST(LinkSettings, OfTwoRulesForOneFieldTheEarlierIsUsed) {
 struct ScrollLog : FormPeer {
   void FormChanged(Form&) override {}
   void ControlChanged(Control& control) override {
-    if (const auto row = dynamic_cast<ListView&>(control).VisibleRow()) Rows.push_back(*row);
+    if (const auto row = dynamic_cast<ListView&>(control).VisibleRow()) rows.push_back(*row);
   }
   void Repaint(Control&) override {}
   void SetFocus(Control&) override {}
   void PopUp(Menu&, Control&) override {}
-  std::vector<std::size_t> Rows;
+  std::vector<std::size_t> rows;
 };
 
 struct ListForm : Form {
@@ -217,7 +217,7 @@ TEST(LinkSettings, AreListedAfreshWithoutAJumpToTheTop) {
   form.Open(&log);
   settings.FillListBox(form.lvMappings);
   settings.FillListBox(form.lvMappings, {6, 7});
-  EXPECT_EQ(log.Rows, (std::vector<std::size_t>{0, 1}));
+  EXPECT_EQ(log.rows, (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(form.lvMappings.SelectedRows(), (std::vector<std::size_t>{1, 2}));
 }
 

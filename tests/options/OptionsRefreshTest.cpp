@@ -6,8 +6,8 @@ namespace {
 TEST_F(OptionsTest, RefreshReadsTheNamesThatARuleCanHold) {
   Options options(doors);
   Load(options, {u"A --> Name", u"B --> Alias"});
-  app->Attributes = {u"\"q\"'", u"A --> B", u"[@x]", u"a&b<c", u"", u"  ", u"A\r\nB", u"B"};
-  EXPECT_TRUE(options.RefreshDoorsAttributes(app->Module));
+  app->attributes = {u"\"q\"'", u"A --> B", u"[@x]", u"a&b<c", u"", u"  ", u"A\r\nB", u"B"};
+  EXPECT_TRUE(options.RefreshDoorsAttributes(app->module));
   EXPECT_EQ(RulesOf(options), Lines({u"\"q\"'", u"A --> B", u"B --> Alias", u"[@x]", u"a&b<c"}));
   EXPECT_EQ(options.LostRules.size(), 1u);
   EXPECT_FALSE(IsFile(folder.File(u"export.xml"))) << "the export is deleted";
@@ -16,8 +16,8 @@ TEST_F(OptionsTest, RefreshReadsTheNamesThatARuleCanHold) {
 TEST_F(OptionsTest, RefreshMayBeginWithTheDefaults) {
   Options options(doors);
   Load(options, {u"Status --> Name"});
-  app->Attributes = {u"Status", u"Object Heading", u"Object Text", u"Created On"};
-  EXPECT_TRUE(options.RefreshDoorsAttributes(app->Module, true));
+  app->attributes = {u"Status", u"Object Heading", u"Object Text", u"Created On"};
+  EXPECT_TRUE(options.RefreshDoorsAttributes(app->module, true));
   EXPECT_EQ(RulesOf(options), Lines({u"Created On --> (Tagged Value)", u"Object Heading",
                                      u"Object Text --> Notes", u"Status"}));
   EXPECT_TRUE(options.LostRules.empty()) << "nobody has made the defaults for this module";
@@ -39,13 +39,13 @@ TEST_F(OptionsTest, RefreshThatFailsSaysWhyAndChangesNothing) {
   for (const auto& [answer, expected] : cases) {
     Options options(doors);
     Load(options, {u"A --> Name"});
-    app->AnswerInstead = answer;
+    app->answer_instead = answer;
     desktop.OnMessage([&, expected = expected](const Message& message) {
       EXPECT_TRUE(message.Body.starts_with(expected)) << ToUtf8(message.Body);
       EXPECT_EQ(message.Icon, Icon::kStop);
       return Answer::kOk;
     });
-    EXPECT_FALSE(options.RefreshDoorsAttributes(app->Module, true));
+    EXPECT_FALSE(options.RefreshDoorsAttributes(app->module, true));
     EXPECT_EQ(RulesOf(options), Lines({u"A --> Name"}));
   }
 }

@@ -12,13 +12,13 @@ TEST_F(OptionsTest, LoadsWhatWasSavedAndWritesOnlyWhatHasChanged) {
   for (const TextView rule : {u"b --> Name", u"A [: C] --> Notes", u"B"}) options.AddMapping(rule);
   options.RestrictToView = u"My view";
   options.Save();
-  EXPECT_EQ(model.Find(u"DoorsConnection")->Value, u"<memo>");
+  EXPECT_EQ(model.Find(u"DoorsConnection")->value, u"<memo>");
   Options again(doors);
   ASSERT_TRUE(again.Load(package));
   EXPECT_EQ(again.RestrictToView, u"My view");
   EXPECT_EQ(RulesOf(again), Lines({u"A [: C] --> Notes", u"B", u"b --> Name"}));
   again.Save();
-  EXPECT_EQ(model.Writes, 1);
+  EXPECT_EQ(model.writes, 1);
   again.RestrictToView = u"Standard view";
   again.Save();
   EXPECT_EQ(Stored(), Record({u"A [: C] --> Notes", u"B", u"b --> Name"}));
@@ -31,10 +31,10 @@ TEST_F(OptionsTest, AFailingHostLeavesTheRecordAsItWas) {
     Options options(doors);
     Load(options, {u"A"});
     options.AddMapping(u"A --> Name");
-    model.FailingCall = failing;
+    model.failing_call = failing;
     EXPECT_THROW(options.Save(), AutomationError) << ToUtf8(failing);
     EXPECT_EQ(Stored(), Record({u"A"}));
-    model.FailingCall.clear();
+    model.failing_call.clear();
   }
 }
 
@@ -42,7 +42,7 @@ TEST_F(OptionsTest, InvalidRecordGivesTheDefaultsAndItsOwnRules) {
   const Text start = u"1\r\n2\r\n\r\nRestrictToView=V\r\n\r\nObject Text --> Alias\r\n";
   for (const Text& record : {start + u"OrimNameAttr=x\r\nStatus", Text(u"A --> Name\r\nB\r\nC")}) {
     const bool is_too_short = !record.starts_with(start);
-    model.Tags.clear();
+    model.tags.clear();
     Store(record);
     desktop.OnMessage([](const Message& message) {
       EXPECT_EQ(message.Body, LoadResText(text::kInvalidRecord));
@@ -80,21 +80,21 @@ TEST_F(OptionsTest, MalformedLineIsNamedAndCostsNoOtherRule) {
 
 TEST_F(OptionsTest, ClearDeletesTheRecordAndNothingElse) {
   for (const TextView name : {u"Author", u"DoorsConnection", u"Zone"})
-    model.Tags.push_back(std::make_shared<PackageModel::Tag>(Text(name), u"1", u""));
+    model.tags.push_back(std::make_shared<PackageModel::Tag>(Text(name), u"1", u""));
   Options options(doors);
   for (int i = 0; i < 2; ++i) options.Clear(package);
   EXPECT_EQ(model.Find(u"DoorsConnection"), nullptr);
-  EXPECT_EQ(model.Tags.size(), 2u);
-  EXPECT_EQ(model.Writes, 1);
+  EXPECT_EQ(model.tags.size(), 2u);
+  EXPECT_EQ(model.writes, 1);
 }
 
 TEST_F(OptionsTest, AnImportLooksAtTheRecordOnce) {
   Store(Record({u"A --> Name"}));
   Options options(doors);
-  EXPECT_TRUE(options.EnsureOK(package, app->Module, OptionsDialog(doors)));
+  EXPECT_TRUE(options.EnsureOK(package, app->module, OptionsDialog(doors)));
   EXPECT_EQ(RulesOf(options), Lines({u"A --> Name"}));
   options.Save();
-  EXPECT_EQ(model.Looks, 1);
+  EXPECT_EQ(model.looks, 1);
 }
 
 TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
@@ -107,9 +107,9 @@ TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
       {u"", u"/Demo/Requirements", &frmOptions::cmdSaveAndImport, true},
       {u"too short", u"", &frmOptions::cmdCancel, false},
   };
-  app->Attributes = {u"Object Text", u"Status"};
+  app->attributes = {u"Object Text", u"Status"};
   for (const auto& each : cases) {
-    model.Tags.clear();
+    model.tags.clear();
     if (!each.record.empty()) {
       Store(each.record);
       desktop.OnMessage(LoadResText(text::kInvalidRecord));
@@ -119,31 +119,31 @@ TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
     EXPECT_EQ(options.EnsureOK(package, each.module_path, OptionsDialog(doors)), each.ok);
     EXPECT_EQ(RulesOf(options), Lines({u"Object Text --> Notes", u"Status"}));
     EXPECT_EQ(options.RestrictToView, u"") << "the standard view is none";
-    EXPECT_EQ(app->Parameters.back(), u"/Demo/Requirements~1~~");
+    EXPECT_EQ(app->parameters.back(), u"/Demo/Requirements~1~~");
     EXPECT_EQ(Stored(), Record({u"Object Text --> Notes", u"Status"}));
   }
 }
 
 TEST_F(OptionsTest, ALockedPackageWithoutARecordIsRefusedBeforeDoorsIsAsked) {
-  model.Locked = true;
+  model.locked = true;
   desktop.OnMessage(u"Package locked. Cannot proceed with operation.");
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
-  EXPECT_TRUE(app->Scripts.empty());
-  EXPECT_EQ(model.Writes, 0);
+  EXPECT_TRUE(app->scripts.empty());
+  EXPECT_EQ(model.writes, 0);
 }
 
 TEST_F(OptionsTest, EnsureOkNeedsAModulePathAndAWorkingDoors) {
-  app->AnswerInstead = u"Error: Module '/Demo/Requirements' not found.";
-  desktop.OnMessage(*app->AnswerInstead);
+  app->answer_instead = u"Error: Module '/Demo/Requirements' not found.";
+  desktop.OnMessage(*app->answer_instead);
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
-  model.Guid = u"{not linked}";
+  model.guid = u"{not linked}";
   desktop.OnMessage([](const Message& message) {
     EXPECT_EQ(message.Body, LoadResText(text::kModulePathNotSet));
     EXPECT_EQ(message.Icon, Icon::kStop);
     return Answer::kOk;
   });
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
-  EXPECT_TRUE(model.Tags.empty());
+  EXPECT_TRUE(model.tags.empty());
 }
 
 }  // namespace

@@ -21,10 +21,10 @@ inline Text Joined(const Lines& lines) {
 class OptionsTest : public ::testing::Test, public TestPlatform {
  protected:
   OptionsTest() {
-    app->Module = u"/Demo/Requirements";
+    app->module = u"/Demo/Requirements";
     desktop.AddWindow({u"DOORSWindow", 0x04CF0000});
     objects.objects[u"Doors.Application"] = app->AsObject();
-    SaveLinkFile(platform, model.Guid, app->Module);
+    SaveLinkFile(platform, model.guid, app->module);
   }
 
   /// The text of a record with these rule lines.
@@ -32,14 +32,14 @@ class OptionsTest : public ::testing::Test, public TestPlatform {
     return LoadResText(text::kRecordHelp) + u"\r\n\r\n" + Joined(rules);
   }
   void Store(const Text& record) {
-    model.Tags.push_back(std::make_shared<PackageModel::Tag>(u"DoorsConnection", u"<memo>", record));
+    model.tags.push_back(std::make_shared<PackageModel::Tag>(u"DoorsConnection", u"<memo>", record));
   }
   Text Stored() {
     const auto* tag = model.Find(u"DoorsConnection");
-    return tag ? tag->Notes : u"no record";
+    return tag ? tag->notes : u"no record";
   }
   void Load(Options& options, const Lines& rules) {
-    model.Tags.clear();
+    model.tags.clear();
     Store(Record(rules));
     ASSERT_TRUE(options.Load(package));
   }

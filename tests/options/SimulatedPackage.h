@@ -14,19 +14,19 @@ using standins::StandInObject;
 /// What the model holds, and what befalls whoever works on it.
 struct PackageModel {
   struct Tag {
-    Text Name, Value, Notes;
+    Text name, value, notes;
   };
-  Text Name = u"Requirements";
-  Text Guid = u"{A1B2}";
-  bool Locked = false;
-  std::vector<std::shared_ptr<Tag>> Tags;
-  int Writes = 0;    // saves and deletions
-  Text FailingCall;  // the member whose use fails
-  int Looks = 0;     // at the tagged values
+  Text name = u"Requirements";
+  Text guid = u"{A1B2}";
+  bool locked = false;
+  std::vector<std::shared_ptr<Tag>> tags;
+  int writes = 0;     // saves and deletions
+  Text failing_call;  // the member whose use fails
+  int looks = 0;      // at the tagged values
 
-  Tag* Find(TextView name) {
-    for (const auto& tag : Tags)
-      if (tag->Name == name) return tag.get();
+  Tag* Find(TextView tag_name) {
+    for (const auto& tag : tags)
+      if (tag->name == tag_name) return tag.get();
     return nullptr;
   }
 };
@@ -38,8 +38,8 @@ class PackageObject : public StandInObject<Self> {
 
  protected:
   void BeforeInvoke(Access, TextView member) override {
-    if (member == u"TaggedValues") ++model_.Looks;
-    if (member == model_.FailingCall) throw AutomationError(0x80004005, u"Host", u"The host failed");
+    if (member == u"TaggedValues") ++model_.looks;
+    if (member == model_.failing_call) throw AutomationError(0x80004005, u"Host", u"The host failed");
   }
   PackageModel& model_;
 };
@@ -52,11 +52,11 @@ class SimulatedTag : public PackageObject<SimulatedTag> {
 
   static const Members& Table() {
     static const Members table = {
-        {u"Name", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Name); }}},
-        {u"Value", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Value); }}},
+        {u"Name", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.name); }}},
+        {u"Value", {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.value); }}},
         {u"Notes",
-         {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.Notes); },
-          .put = [](SimulatedTag& tag, const Variant& value) { tag.pending_.Notes = value.ToText(); }}},
+         {.get = [](SimulatedTag& tag) { return Variant(tag.pending_.notes); },
+          .put = [](SimulatedTag& tag, const Variant& value) { tag.pending_.notes = value.ToText(); }}},
         {u"Save", {.call = [](SimulatedTag& tag, const Args&) { return tag.Save(); }}},
     };
     return table;
@@ -64,10 +64,10 @@ class SimulatedTag : public PackageObject<SimulatedTag> {
 
  private:
   Variant Save() {
-    ++model_.Writes;
+    ++model_.writes;
     *stored_ = pending_;
-    if (std::find(model_.Tags.begin(), model_.Tags.end(), stored_) == model_.Tags.end())
-      model_.Tags.push_back(stored_);
+    if (std::find(model_.tags.begin(), model_.tags.end(), stored_) == model_.tags.end())
+      model_.tags.push_back(stored_);
     return {};
   }
   std::shared_ptr<PackageModel::Tag> stored_;
@@ -82,7 +82,7 @@ class SimulatedTags : public PackageObject<SimulatedTags> {
   static const Members& Table() {
     static const Members table = {
         {u"Count",
-         {.get = [](SimulatedTags& tags) { return Variant(std::int32_t(tags.model_.Tags.size())); }}},
+         {.get = [](SimulatedTags& tags) { return Variant(std::int32_t(tags.model_.tags.size())); }}},
         {u"GetAt",
          {.call = [](SimulatedTags& tags, const Args& args) { return tags.Handle(tags.At(args[0])); },
           .arg_count = 1}},
@@ -106,19 +106,19 @@ class SimulatedTags : public PackageObject<SimulatedTags> {
 
  private:
   std::shared_ptr<PackageModel::Tag> At(const Variant& index) {
-    return model_.Tags.at(static_cast<std::size_t>(index.ToInt()));
+    return model_.tags.at(static_cast<std::size_t>(index.ToInt()));
   }
   Variant Handle(std::shared_ptr<PackageModel::Tag> tag) const {
     return Object(std::make_shared<SimulatedTag>(model_, std::move(tag)));
   }
   Variant ByName(const Variant& name) const {
-    for (const auto& tag : model_.Tags)
-      if (tag->Name == name.ToText()) return Handle(tag);
+    for (const auto& tag : model_.tags)
+      if (tag->name == name.ToText()) return Handle(tag);
     Refuse(0x80004005, u"GetByName", u"no such tagged value");
   }
   Variant Delete(const Variant& index) {
-    ++model_.Writes;
-    model_.Tags.erase(model_.Tags.begin() + index.ToInt());
+    ++model_.writes;
+    model_.tags.erase(model_.tags.begin() + index.ToInt());
     return {};
   }
 };
@@ -130,10 +130,10 @@ class SimulatedPackage : public PackageObject<SimulatedPackage> {
   using PackageObject::PackageObject;
   static const Members& Table() {
     static const Members table = {
-        {u"Name", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Name); }}},
-        {u"PackageGuid", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Guid); }}},
+        {u"Name", {.get = [](SimulatedPackage& package) { return Variant(package.model_.name); }}},
+        {u"PackageGuid", {.get = [](SimulatedPackage& package) { return Variant(package.model_.guid); }}},
         {u"Element", {.get = [](SimulatedPackage& package) { return package.AsObject(); }}},
-        {u"Locked", {.get = [](SimulatedPackage& package) { return Variant(package.model_.Locked); }}},
+        {u"Locked", {.get = [](SimulatedPackage& package) { return Variant(package.model_.locked); }}},
         {u"TaggedValues",
          {.get =
               [](SimulatedPackage& package) {

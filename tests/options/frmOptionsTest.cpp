@@ -33,7 +33,7 @@ class OptionsFormTest : public OptionsTest {
  protected:
   /// Opens the dialog on a package with these rules; the user does this and closes it.
   frmOptions::CloseCode Edit(const Lines& rules, std::function<void(frmOptions&)> user) {
-    model.Tags.clear();
+    model.tags.clear();
     Store(Record(rules));
     return Reopen(std::move(user));
   }
@@ -69,8 +69,8 @@ TEST_F(OptionsFormTest, ShowsWhatIsStored) {
 
 TEST_F(OptionsFormTest, TellsWhatModuleThePackageIsLinkedTo) {
   for (const bool is_linked : {true, false}) {
-    SaveLinkFile(platform, model.Guid, u"");
-    if (!is_linked) model.Guid = u"{not linked}";
+    SaveLinkFile(platform, model.guid, u"");
+    if (!is_linked) model.guid = u"{not linked}";
     Edit({u"A"}, [&](frmOptions& form) {
       EXPECT_EQ(form.lblModulePath.Caption(), is_linked ? u"Module Path not set" : u"No Connection");
       form.CloseByUser();
@@ -165,7 +165,7 @@ TEST_F(OptionsFormTest, MapsSeveralRowsInOneGo) {
       desktop.OnMessage(
           u"These attributes were not mapped, since a mapping rule cannot tell their names from its own "
           u"signs:\r\nx [y z]");
-    model.Tags.clear();
+    model.tags.clear();
     Store(Record(five));
     frmOptions(doors).ShowOptions(repository, package);
   }
@@ -212,7 +212,7 @@ TEST_F(OptionsFormTest, ASeparatorThatWouldBeLostGoesBackToItsPage) {
 }
 
 TEST_F(OptionsFormTest, ASecondAttributeThatNoRuleCanHoldGoesBackToItsPage) {
-  app->Attributes = {u"A", u"B --> C"};
+  app->attributes = {u"A", u"B --> C"};
   desktop.OnForm<frmOptions>([](frmOptions& form) {
     form.cmdReloadAttribs.Press();
     form.cmdCombine.Press();
@@ -266,7 +266,7 @@ TEST_F(OptionsFormTest, TheKeysOfTheListSelectAllAndRemove) {
 }
 
 TEST_F(OptionsFormTest, NamesTheRulesThatARefreshDrops) {
-  app->Attributes = {u"B", u"C"};
+  app->attributes = {u"B", u"C"};
   Edit({u"A --> Name", u"B [: D] --> Alias", u"C --> Notes"}, [&](frmOptions& form) {
     desktop.OnMessage(
         u"Rules have lost an attribute:\r\n\r\n"
@@ -278,7 +278,7 @@ TEST_F(OptionsFormTest, NamesTheRulesThatARefreshDrops) {
 }
 
 TEST_F(OptionsFormTest, SaysWhyAnAttributeOfAPeculiarNameCannotBeMapped) {
-  app->Attributes = {u"A --> B", u"Mass [kg]", u"x [y z]", u"y", u"z"};
+  app->attributes = {u"A --> B", u"Mass [kg]", u"x [y z]", u"y", u"z"};
   Edit({u"Mass [kg]", u"x [y z]", u"y --> Name", u"z"}, [&](frmOptions& form) {
     form.cmdReloadAttribs.Press();
     ASSERT_EQ(RowsOf(form), Lines({u"A --> B | ", u"Mass [kg] | ", u"x [y z] | ", u"y | Name", u"z | "}));
@@ -313,8 +313,8 @@ TEST_F(OptionsFormTest, PastesWhatIsATemplateAndRefusesAMalformedOne) {
 }
 
 TEST_F(OptionsFormTest, RestrictsTheImportToAView) {
-  app->Views = {u"Standard view", u"  Mine ", u"", u"   ", u"mine\r"};
-  app->WhileRunning = [&] { EXPECT_TRUE(desktop.WaitCursor()); };
+  app->views = {u"Standard view", u"  Mine ", u"", u"   ", u"mine\r"};
+  app->while_running = [&] { EXPECT_TRUE(desktop.WaitCursor()); };
   Edit({u"A"}, [](frmOptions& form) {
     form.cmbViews.Drop();
     EXPECT_EQ(form.cmbViews.Items(), Lines({u"Standard view", u"Mine", u"mine"}));
@@ -322,15 +322,15 @@ TEST_F(OptionsFormTest, RestrictsTheImportToAView) {
     form.cmbViews.Choose(1);
     form.cmdOK.Press();
   });
-  EXPECT_EQ(app->Parameters, Lines({u"/Demo/Requirements"}));
-  app->Module = u"/Moved/Requirements";
+  EXPECT_EQ(app->parameters, Lines({u"/Demo/Requirements"}));
+  app->module = u"/Moved/Requirements";
   Reopen([&](frmOptions& form) {
     EXPECT_EQ(form.cmbViews.Value(), u"Mine");
     desktop.OnMessage(u"Error: Module '/Demo/Requirements' not found.");
     form.cmbViews.Drop();
     EXPECT_EQ(form.cmbViews.Items(), Lines({u"Mine"})) << "an error is no view";
-    app->Module = u"/Demo/Requirements";
-    app->Views.clear();
+    app->module = u"/Demo/Requirements";
+    app->views.clear();
     form.cmbViews.Drop();
     EXPECT_EQ(form.cmbViews.Items(), Lines({u"Standard view"}));
     EXPECT_EQ(form.cmbViews.Value(), u"Mine");
@@ -344,7 +344,7 @@ TEST_F(OptionsFormTest, SurvivesDoorsBeingClosed) {
   for (const std::uint32_t number : {0x80010108u, 0x800706BEu, 0x800706BAu, 0x80004005u}) {
     Edit({u"A --> Name", u"B"}, [&](frmOptions& form) {
       form.cmdRemove.Press();
-      app->Failure = AutomationError(number, u"DOORS", u"DOORS is gone");
+      app->failure = AutomationError(number, u"DOORS", u"DOORS is gone");
       for (Event* use : {&form.cmdReloadAttribs.Click, &form.cmbViews.DropDown}) {
         desktop.OnMessage([&](const Message& message) {
           EXPECT_EQ(message.Body,
@@ -358,7 +358,7 @@ TEST_F(OptionsFormTest, SurvivesDoorsBeingClosed) {
       form.cmdOK.Press();
     });
     EXPECT_EQ(Stored(), Record({u"A", u"B"}));
-    app->Failure.reset();
+    app->failure.reset();
   }
 }
 
@@ -376,16 +376,16 @@ TEST_F(OptionsFormTest, WaitsForDoorsUntilTheUserGivesUp) {
     EXPECT_EQ(RowsOf(form), Lines({u"A | Name"}));
     form.cmdCancel.Press();
   });
-  EXPECT_TRUE(app->Parameters.empty());
+  EXPECT_TRUE(app->parameters.empty());
 }
 
 TEST_F(OptionsFormTest, ALockedPackageOpensNoWizard) {
-  model.Locked = true;
+  model.locked = true;
   Edit({u"A", u"B", u"C --> Name"}, [](frmOptions& form) {
     for (const std::size_t row : {0u, 2u}) form.lvMappings.DoubleClickRow(row);
     form.cmdCancel.Press();
   });
-  EXPECT_EQ(model.Writes, 0);
+  EXPECT_EQ(model.writes, 0);
 }
 
 TEST_F(OptionsFormTest, EditsTheDefaultsOfAPackageWhoseRecordHasGone) {

@@ -16,13 +16,13 @@ class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
   static constexpr const char16_t* kClassName = u"SimulatedDoors";
   explicit SimulatedDoors(Text export_path = {}) : export_path_(std::move(export_path)) {}
 
-  Text Module = u"/P/M";
-  std::vector<Text> Attributes, Views;
-  std::vector<ExportedObject> Objects;
-  std::optional<Text> AnswerInstead;       // whatever script is run
-  std::optional<AutomationError> Failure;  // of every script
-  std::function<void()> WhileRunning;
-  std::vector<Text> Parameters, Scripts;  // as they came
+  Text module = u"/P/M";
+  std::vector<Text> attributes, views;
+  std::vector<ExportedObject> objects;
+  std::optional<Text> answer_instead;      // whatever script is run
+  std::optional<AutomationError> failure;  // of every script
+  std::function<void()> while_running;
+  std::vector<Text> parameters, scripts;  // as they came
 
   static const Members& Table() {
     static const Members table = {
@@ -30,7 +30,7 @@ class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
          {.get = [](SimulatedDoors& doors) { return Variant(doors.result_); },
           .put =
               [](SimulatedDoors& doors, const Variant& value) {
-                doors.result_ = doors.Parameters.emplace_back(value.ToText());
+                doors.result_ = doors.parameters.emplace_back(value.ToText());
               }}},
         {u"RunStr",
          {.call = [](SimulatedDoors& doors, const Args& args) { return doors.Run(args[0].ToText()); },
@@ -41,10 +41,10 @@ class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
 
  private:
   Variant Run(const Text& script) {
-    Scripts.push_back(script);
-    if (WhileRunning) WhileRunning();
-    if (Failure) throw *Failure;
-    result_ = AnswerInstead ? *AnswerInstead : AnswerTo(script);
+    scripts.push_back(script);
+    if (while_running) while_running();
+    if (failure) throw *failure;
+    result_ = answer_instead ? *answer_instead : AnswerTo(script);
     return {};
   }
 
@@ -52,22 +52,22 @@ class SimulatedDoors : public standins::StandInObject<SimulatedDoors> {
     const bool lists_views = script == LoadDxl(dxl_script::kListViews);
     if (!lists_views && script != LoadDxl(dxl_script::kExportModule))
       Refuse(error::kTypeMismatch, u"RunStr", u"this script is not simulated");
-    const Text module = result_.substr(0, result_.find(u'~'));
-    if (module != Module) return u"Error: Module '" + module + u"' not found.";
+    const Text wanted = result_.substr(0, result_.find(u'~'));
+    if (wanted != module) return u"Error: Module '" + wanted + u"' not found.";
     if (!lists_views) return Export(result_.find(u"~1~") == Text::npos);
     Text list;
-    for (const Text& view : Views) list += view + u"\n";
+    for (const Text& view : views) list += view + u"\n";
     return list;
   }
 
   Text Export(bool with_objects) const {
     std::string xml = "<DoorsModule><Attributes>";
-    for (std::size_t id = 0; id < Attributes.size(); ++id)
-      xml += "<Attribute Name=\"" + Escaped(Attributes[id]) + "\" ID=\"" + std::to_string(id) + "\"/>";
+    for (std::size_t id = 0; id < attributes.size(); ++id)
+      xml += "<Attribute Name=\"" + Escaped(attributes[id]) + "\" ID=\"" + std::to_string(id) + "\"/>";
     xml += "</Attributes><Objects>";
-    for (std::size_t i = 0; with_objects && i < Objects.size(); ++i) {
+    for (std::size_t i = 0; with_objects && i < objects.size(); ++i) {
       xml += "<Object>";
-      for (const auto& [name, value] : Objects[i])
+      for (const auto& [name, value] : objects[i])
         xml.append("<" + name + ">").append(Escaped(value)).append("</" + name + ">");
       xml += "</Object>";
     }

@@ -18,7 +18,7 @@ TEST_F(KeptExportTest, IsToldInTheOutputTabAndTheImportGoesOn) {
             "<Objects><Object><a1>A</a1><a9>nA</a9></Object></Objects></DoorsModule>");
   const int descriptor = open(ToUtf8(file).c_str(), O_RDONLY);
   const Text undeletable = u"/proc/self/fd/" + ToText(descriptor);
-  application->AnswerInstead = undeletable;
+  application->answer_instead = undeletable;
   EXPECT_EQ(Import().back(), u"*** Import Complete ***");
   close(descriptor);
   EXPECT_EQ(Tree(), "[A] nA\nTrash Can\n");

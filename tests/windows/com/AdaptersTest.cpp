@@ -47,14 +47,14 @@ class CountingDispatch : public Counted<IDispatch> {
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID language,
                                           DISPID* ids) override {
-    ++Lookups;
+    ++lookups;
     return inner_->GetIDsOfNames(iid, names, count, language, ids);
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID language, WORD flags, DISPPARAMS* params,
                                    VARIANT* answer, EXCEPINFO* info, UINT* wrong) override {
     return inner_->Invoke(id, iid, language, flags, params, answer, info, wrong);
   }
-  int Lookups = 0;
+  int lookups = 0;
 
  private:
   ComPtr<IDispatch> inner_;
@@ -105,7 +105,7 @@ TEST_F(AdaptersTest, EachNameIsLookedUpOnce) {
     parrot.Put(u"Word", i);
     parrot.Get(u"Word");
   }
-  EXPECT_EQ(counting->Lookups, 1);
+  EXPECT_EQ(counting->lookups, 1);
 }
 
 TEST_F(AdaptersTest, FailuresKeepTheirParts) {
@@ -127,9 +127,9 @@ TEST_F(AdaptersTest, FailuresKeepTheirParts) {
 
 TEST_F(AdaptersTest, AUseThatMayBeCallOrReadingIsEither) {
   parrot.Put(u"Word", u"hello");
-  EXPECT_EQ(CallLate(*counting.Get(), L"Word", {}).Value, "BSTR hello");
+  EXPECT_EQ(CallLate(*counting.Get(), L"Word", {}).value, "BSTR hello");
   for (const Passing passing : {Passing::kByValue, Passing::kByReference, Passing::kVariantByReference})
-    EXPECT_EQ(CallLate(*counting.Get(), L"Second", {1, 2}, passing).Value, "I4 2");
+    EXPECT_EQ(CallLate(*counting.Get(), L"Second", {1, 2}, passing).value, "I4 2");
 }
 
 struct ForeignValue {

@@ -25,12 +25,12 @@ class CallbacksTest : public ::testing::TestWithParam<Passing> {
     return args;
   }
   void Expect(const Callback& callback, const Args& args) {
-    host.Calls.clear();
+    host.calls.clear();
     const LateAnswer answer = CallLate(*add_in.Get(), callback.name, args, GetParam());
     const Text name(FromWide(callback.name));
-    EXPECT_EQ(answer.Result, S_OK) << ToUtf8(name) << ": " << answer.Description;
-    EXPECT_EQ(answer.Value, callback.answer) << ToUtf8(name);
-    EXPECT_EQ(host.Calls, callback.calls) << ToUtf8(name);
+    EXPECT_EQ(answer.result, S_OK) << ToUtf8(name) << ": " << answer.description;
+    EXPECT_EQ(answer.value, callback.answer) << ToUtf8(name);
+    EXPECT_EQ(host.calls, callback.calls) << ToUtf8(name);
   }
   /// The person presses `button` of the box that the callback opens.
   void ExpectAfter(int button, const Callback& callback) {
@@ -68,10 +68,10 @@ TEST_P(CallbacksTest, RefusalsAndConsentOfTheUser) {
   ExpectAfter(IDNO, {L"Plexa_Disconnect", {u"{A1B2}"}, "BOOL 0"});
   ExpectAfter(IDYES,
               {L"Plexa_Disconnect", {u"{A1B2}"}, "BOOL -1", {"PackageByGuid {A1B2}", "RefreshModelView 7"}});
-  host.IsLocked = true;
+  host.is_locked = true;
   ExpectAfter(IDOK, {L"Plexa_Connect", {70000, u"{A1B2}"}, "I4 0", {"PackageByID 70000"}});
   ExpectAfter(IDOK, {L"Plexa_Connect", {u"42", u"{A1B2}"}, "I4 0", {"PackageByID 42"}});
-  host.Build = 826;
+  host.build = 826;
   ExpectAfter(IDOK, {L"Orim_Connect", {}, "BSTR "});
 }
 
@@ -83,8 +83,8 @@ TEST_P(CallbacksTest, ConnectedPackagesAreAnArrayOfTexts) {
   const LateAnswer answer =
       CallLate(*add_in.Get(), L"Plexa_GetConnectedPackages", WithRepository(), GetParam());
   RemoveFile(link_file);
-  EXPECT_TRUE(answer.Value.starts_with("BSTR[] ")) << answer.Value;
-  EXPECT_NE(answer.Value.find("{com-tests ö}"), std::string::npos) << answer.Value;
+  EXPECT_TRUE(answer.value.starts_with("BSTR[] ")) << answer.value;
+  EXPECT_NE(answer.value.find("{com-tests ö}"), std::string::npos) << answer.value;
 }
 
 const char* NameOf(const ::testing::TestParamInfo<Passing>& info) {

@@ -15,7 +15,7 @@ constexpr auto kNumber = static_cast<HRESULT>(0x800403E9);
 class FailuresTest : public ::testing::Test {
  protected:
   FailuresTest() {
-    host.OnBuild = [] { throw AutomationError(0x800403E9, u"Host", u"The model is böse."); };
+    host.on_build = [] { throw AutomationError(0x800403E9, u"Host", u"The model is böse."); };
   }
   HostModel host;
   Object repository{std::make_shared<HostRepository>(host)};
@@ -24,10 +24,10 @@ class FailuresTest : public ::testing::Test {
 
 TEST_F(FailuresTest, AHostsFailureComesBackToALateBoundCaller) {
   const LateAnswer answer = CallLate(*add_in.Get(), L"Orim_Connect", {repository});
-  EXPECT_EQ(answer.Result, DISP_E_EXCEPTION);
-  EXPECT_EQ(answer.Number, kNumber);
-  EXPECT_EQ(answer.Source, "Host");
-  EXPECT_EQ(answer.Description, "The model is böse.");
+  EXPECT_EQ(answer.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(answer.number, kNumber);
+  EXPECT_EQ(answer.source, "Host");
+  EXPECT_EQ(answer.description, "The model is böse.");
 }
 
 TEST_F(FailuresTest, AndToAnEarlyBoundOne) {
@@ -52,7 +52,7 @@ TEST_F(FailuresTest, AndToAnEarlyBoundOne) {
 }
 
 TEST_F(FailuresTest, EarlyBoundResultsAndMissingPlaces) {
-  host.OnBuild = [] {};
+  host.on_build = [] {};
   const auto early = add_in.As<_OrimDoors>(__uuidof(_OrimDoors));
   auto handed = ToDispatch(repository);
   IDispatch* handed_over = handed.Get();
@@ -68,7 +68,7 @@ TEST_F(FailuresTest, EarlyBoundResultsAndMissingPlaces) {
 TEST_F(FailuresTest, WrongCallsAreRefused) {
   const auto number_of = [&](const wchar_t* name, const Args& args) {
     const LateAnswer answer = CallLate(*add_in.Get(), name, args);
-    return answer.Result == DISP_E_EXCEPTION ? answer.Number : answer.Result;
+    return answer.result == DISP_E_EXCEPTION ? answer.number : answer.result;
   };
   EXPECT_EQ(number_of(L"Orim_Explode", {}), DISP_E_UNKNOWNNAME);
   EXPECT_EQ(number_of(L"Orim_Connect", {}), DISP_E_BADPARAMCOUNT);

@@ -8,11 +8,11 @@ namespace kestrune::testing {
 using standins::StandInObject;
 
 struct HostModel {
-  std::int32_t Build = 827;
-  bool IsLocked = false;
-  std::vector<std::string> Calls;         // as "WriteOutput DOORS Text -1"
-  std::function<void()> OnBuild = [] {};  // what befalls whoever asks for the build
-  Object SelectedPackage;
+  std::int32_t build = 827;
+  bool is_locked = false;
+  std::vector<std::string> calls;          // as "WriteOutput DOORS Text -1"
+  std::function<void()> on_build = [] {};  // what befalls whoever asks for the build
+  Object selected_package;
 };
 
 /// A package that is its own element, without tagged values.
@@ -24,7 +24,7 @@ class HostPackage : public StandInObject<HostPackage> {
     static const Members table = {
         {u"PackageID", {.get = [](HostPackage&) { return Variant(7); }}},
         {u"Element", {.get = [](HostPackage& package) { return package.AsObject(); }}},
-        {u"Locked", {.get = [](HostPackage& package) { return Variant(package.model_.IsLocked); }}},
+        {u"Locked", {.get = [](HostPackage& package) { return Variant(package.model_.is_locked); }}},
         {u"TaggedValues", {.get = [](HostPackage& package) { return package.AsObject(); }}},
         {u"Count", {.get = [](HostPackage&) { return Variant(0); }}},
         {u"Refresh", {.call = [](HostPackage&, const Args&) { return Variant(); }}},
@@ -46,7 +46,7 @@ class HostRepository : public StandInObject<HostRepository> {
     static const Members table = {
         {u"LibraryBuild", {.get = [](HostRepository& host) { return host.Build(); }}},
         {u"SelectedPackage",
-         {.call = [](HostRepository& host, const Args&) { return host.model_.SelectedPackage; }}},
+         {.call = [](HostRepository& host, const Args&) { return host.model_.selected_package; }}},
         {u"PackageByID", Noting(u"PackageByID", 1, [](HostRepository& host) { return host.Package(); })},
         {u"PackageByGuid", Noting(u"PackageByGuid", 1, [](HostRepository& host) { return host.Package(); })},
         {u"CreateOutputTab", Noting(u"CreateOutputTab", 1)},
@@ -63,14 +63,14 @@ class HostRepository : public StandInObject<HostRepository> {
     const auto call = [name, answer](HostRepository& host, const Args& args) {
       Text line(name);
       for (const Variant& arg : args) line += u" " + arg.ToText();
-      host.model_.Calls.push_back(ToUtf8(line));
+      host.model_.calls.push_back(ToUtf8(line));
       return answer(host);
     };
     return {.call = call, .arg_count = count};
   }
   Variant Build() {
-    model_.OnBuild();
-    return model_.Build;
+    model_.on_build();
+    return model_.build;
   }
   Variant Package() { return Object(std::make_shared<HostPackage>(model_)); }
 

@@ -54,8 +54,8 @@ std::string Taken(BSTR text) {
 LateAnswer CallLate(IDispatch& object, const wchar_t* name, const Args& args, Passing passing) {
   LateAnswer answer;
   DISPID id = DISPID_UNKNOWN;
-  answer.Result = object.GetIDsOfNames(IID_NULL, const_cast<wchar_t**>(&name), 1, LOCALE_NEUTRAL, &id);
-  if (FAILED(answer.Result)) return answer;
+  answer.result = object.GetIDsOfNames(IID_NULL, const_cast<wchar_t**>(&name), 1, LOCALE_NEUTRAL, &id);
+  if (FAILED(answer.result)) return answer;
 
   std::vector<ComVariant> owners;
   std::vector<VARIANT> passed;
@@ -65,12 +65,12 @@ LateAnswer CallLate(IDispatch& object, const wchar_t* name, const Args& args, Pa
   DISPPARAMS params = {passed.data(), nullptr, static_cast<UINT>(passed.size()), 0};
   ComVariant value;
   EXCEPINFO info = {};
-  answer.Result = object.Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &params,
-                                value.Out(), &info, &answer.WrongArgument);
-  answer.Value = Shown(value.Get());
-  answer.Number = info.scode;
-  answer.Source = Taken(info.bstrSource);
-  answer.Description = Taken(info.bstrDescription);
+  answer.result = object.Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &params,
+                                value.Out(), &info, &answer.wrong_argument);
+  answer.value = Shown(value.Get());
+  answer.number = info.scode;
+  answer.source = Taken(info.bstrSource);
+  answer.description = Taken(info.bstrDescription);
   return answer;
 }
 

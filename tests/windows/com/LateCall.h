@@ -11,12 +11,12 @@ namespace kestrune::testing {
 enum class Passing { kByValue, kByReference, kVariantByReference };
 
 struct LateAnswer {
-  HRESULT Result = S_OK;
-  std::string Value;       // such as "BSTR Plexa", "I4 -1", "BSTR[] a|b", "EMPTY"
-  UINT WrongArgument = 0;  // counted as COM does, from the last one
-  HRESULT Number = S_OK;
-  std::string Source;
-  std::string Description;
+  HRESULT result = S_OK;
+  std::string value;        // such as "BSTR Plexa", "I4 -1", "BSTR[] a|b", "EMPTY"
+  UINT wrong_argument = 0;  // counted as COM does, from the last one
+  HRESULT number = S_OK;
+  std::string source;
+  std::string description;
 };
 
 LateAnswer CallLate(IDispatch& object, const wchar_t* name, const Args& args,

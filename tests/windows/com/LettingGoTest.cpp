@@ -31,12 +31,12 @@ struct HeldCall {
 class LettingGoTest : public ::testing::TestWithParam<HeldCall> {
  protected:
   LettingGoTest() {
-    host.Build = 826;
-    host.SelectedPackage = Object(std::make_shared<SimulatedPackage>(package));
+    host.build = 826;
+    host.selected_package = Object(std::make_shared<SimulatedPackage>(package));
     const auto record = std::make_shared<PackageModel::Tag>();
-    record->Name = u"DoorsConnection";
-    record->Notes = u"These are\r\nthe rules.\r\n\r\nA\r\nB --> Name\r\n";
-    package.Tags = {record};
+    record->name = u"DoorsConnection";
+    record->notes = u"These are\r\nthe rules.\r\n\r\nA\r\nB --> Name\r\n";
+    package.tags = {record};
   }
   LateAnswer Call(IDispatch& add_in) {
     Args args = GetParam().args;
@@ -80,8 +80,8 @@ TEST_P(LettingGoTest, TheCallbackComesToItsEnd) {
   LateAnswer answer;
   WithPerson([&] { Go([&] { ui.Post(let_go).get(); }); }, [&] { answer = Call(*add_in); });
   EXPECT_EQ(in_dialog, S_FALSE) << "its code is running";
-  EXPECT_EQ(answer.Result, S_OK) << answer.Description;
-  EXPECT_EQ(answer.Value, GetParam().answer);
+  EXPECT_EQ(answer.result, S_OK) << answer.description;
+  EXPECT_EQ(answer.value, GetParam().answer);
   EXPECT_EQ(CanUnload(), S_OK);
 }
 

@@ -52,7 +52,7 @@ TEST_F(WideNamesTest, ThatUsersLinksAreFoundByAnAddInInSuchAFolder) {
     HostModel host;
     const Object repository(std::make_shared<HostRepository>(host));
     const auto ask = [&](const wchar_t* callback, const Args& args) {
-      return CallLate(*add_in.Get(), callback, args).Value;
+      return CallLate(*add_in.Get(), callback, args).value;
     };
     EXPECT_EQ(ask(L"Plexa_GetProperty", {repository, u"{A}", u"IconID"}), "BSTR " + ToUtf8(file) + "#101");
     EXPECT_EQ(ask(L"Plexa_GetConnectedPackages", {repository}), "EMPTY");

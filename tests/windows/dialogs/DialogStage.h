@@ -28,7 +28,7 @@ class RecordingDesktop : public Win32Desktop {
 class PreparedDoors : public StandInObject<PreparedDoors> {
  public:
   static constexpr const char16_t* kClassName = u"PreparedDoors";
-  std::function<Text(const Text& script)> Answer = [](const Text&) { return Text(); };
+  std::function<Text(const Text& script)> answer = [](const Text&) { return Text(); };
 
   static const Members& Table() {
     static const Members table = {
@@ -38,7 +38,7 @@ class PreparedDoors : public StandInObject<PreparedDoors> {
         {u"RunStr",
          {.call =
               [](PreparedDoors& doors, const Args& args) {
-                doors.result_ = doors.Answer(args[0].ToText());
+                doors.result_ = doors.answer(args[0].ToText());
                 return Variant();
               },
           .arg_count = 1}},

@@ -106,14 +106,14 @@ const std::vector<ShownDialog>& EveryDialog() {
 }
 
 void PrepareLink(DialogStage& stage) {
-  stage.app->Answer = [](const Text&) {
+  stage.app->answer = [](const Text&) {
     return kModule +
            u"\n/Vehicle Platform/Requirements/Stakeholder Requirements\n/Vehicle Platform/Tests/System "
            u"Tests\n";
   };
-  stage.model.Name = u"System Requirements";
-  stage.model.Guid = u"{gallery}";
-  SaveLinkFile(stage.platform, stage.model.Guid, kModule);
+  stage.model.name = u"System Requirements";
+  stage.model.guid = u"{gallery}";
+  SaveLinkFile(stage.platform, stage.model.guid, kModule);
 }
 
 }  // namespace kestrune::testing

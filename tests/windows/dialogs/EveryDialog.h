@@ -6,11 +6,11 @@
 namespace kestrune::testing {
 
 struct ShownDialog {
-  const char* Name;
-  const char16_t* Title;
-  int Help;        // the topic; 0 where there is no Help button
-  int FirstFocus;  // the control that has the focus when the dialog opens
-  void (*Show)(DialogStage&);
+  const char* name;
+  const char16_t* title;
+  int help;         // the topic; 0 where there is no Help button
+  int first_focus;  // the control that has the focus when the dialog opens
+  void (*show)(DialogStage&);
 };
 
 /// A dialog whose person does nothing else closes with Esc.

@@ -15,21 +15,21 @@ class EveryDialogTest : public DialogTest, public ::testing::WithParamInterface<
   void ShowWith(const std::function<void(const Screen&)>& person) {
     WithPerson(
         [&] {
-          const Screen dialog(GetParam().Title);
-          if (GetParam().Name == std::string("frmImport")) dialog.AwaitEnabled(ID_cmdClose);
+          const Screen dialog(GetParam().title);
+          if (GetParam().name == std::string("frmImport")) dialog.AwaitEnabled(ID_cmdClose);
           person(dialog);
           if (IsWindow(dialog.Window())) dialog.Key(VK_ESCAPE);
         },
-        [&] { GetParam().Show(*this); });
+        [&] { GetParam().show(*this); });
   }
 };
 
 TEST_P(EveryDialogTest, IsUsedByKeyboardAlone) {
   ShowWith([](const Screen& dialog) {
-    if (GetParam().Title == Text(u"DOORS Connection")) dialog.AwaitEnabled(ID_cmdOK);
-    dialog.Await("the first focus", [&] { return dialog.HasFocus(GetParam().FirstFocus); });
+    if (GetParam().title == Text(u"DOORS Connection")) dialog.AwaitEnabled(ID_cmdOK);
+    dialog.Await("the first focus", [&] { return dialog.HasFocus(GetParam().first_focus); });
     const auto stops = dialog.TabStops();
-    std::set<int> reached = {GetParam().FirstFocus};
+    std::set<int> reached = {GetParam().first_focus};
     while (reached.size() < stops.size()) {
       const int before = dialog.FocusedId();
       dialog.Key(VK_TAB);
@@ -42,7 +42,7 @@ TEST_P(EveryDialogTest, IsUsedByKeyboardAlone) {
 
 TEST_P(EveryDialogTest, ItsHelpIsReachedEachWay) {
   ShowWith([this](const Screen& dialog) {
-    if (GetParam().Help == 0) return;
+    if (GetParam().help == 0) return;
     const auto await_topics = [&](std::size_t count) {
       dialog.Await("the topic", [&] { return desktop.help_shown.size() == count; });
     };
@@ -55,7 +55,7 @@ TEST_P(EveryDialogTest, ItsHelpIsReachedEachWay) {
     dialog.Click(ID_cmdHelp);
     await_topics(3);
   });
-  for (const int topic : desktop.help_shown) EXPECT_EQ(topic, GetParam().Help);
+  for (const int topic : desktop.help_shown) EXPECT_EQ(topic, GetParam().help);
 }
 
 TEST_P(EveryDialogTest, KeepsTheUserFromAllWindowsOfTheHost) {
@@ -77,7 +77,7 @@ TEST_P(EveryDialogTest, HasNoButtonThatCannotBePressed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, EveryDialogTest, ::testing::ValuesIn(EveryDialog()), [](const auto& info) {
-  std::string name = info.param.Name;
+  std::string name = info.param.name;
   std::erase(name, '-');
   return name;
 });
@@ -86,20 +86,20 @@ TEST_F(DialogTest, AHundredDialogsLeaveBehindWhatOneLeaves) {
   PrepareLink(*this);
   const auto show_all = [this] {
     for (const ShownDialog& dialog : EveryDialog()) {
-      if (dialog.Name == std::string("frmImport")) continue;  // cannot be closed at once
-      WithPerson([&] { PostMessageW(Screen(dialog.Title).Window(), WM_CLOSE, 0, 0); },
-                 [&] { dialog.Show(*this); });
+      if (dialog.name == std::string("frmImport")) continue;  // cannot be closed at once
+      WithPerson([&] { PostMessageW(Screen(dialog.title).Window(), WM_CLOSE, 0, 0); },
+                 [&] { dialog.show(*this); });
     }
   };
   show_all();
   const SystemObjects before = CountSystemObjects();
   for (int shown = 0; shown < 100; shown += static_cast<int>(EveryDialog().size()) - 1) show_all();
   const SystemObjects after = CountSystemObjects();
-  EXPECT_EQ(after.Windows, before.Windows);
-  EXPECT_EQ(after.Fonts, before.Fonts);
-  EXPECT_LT(after.Drawing - before.Drawing, 50);
+  EXPECT_EQ(after.windows, before.windows);
+  EXPECT_EQ(after.fonts, before.fonts);
+  EXPECT_LT(after.drawing - before.drawing, 50);
   const OwnedFont font(CreateFontW(9, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Arial"));
-  EXPECT_EQ(CountSystemObjects().Fonts, after.Fonts + 1) << "the count counts";
+  EXPECT_EQ(CountSystemObjects().fonts, after.fonts + 1) << "the count counts";
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ class frmConnectTest : public DialogTest, public ::testing::WithParamInterface<C
 };
 
 TEST_P(frmConnectTest, GivesTheModuleThatThePersonPicks) {
-  app->Answer = [](const Text&) { return Text(u"/Demo/Reqs\n/Demo/Tests\n/R && D/A\n"); };
+  app->answer = [](const Text&) { return Text(u"/Demo/Reqs\n/Demo/Tests\n/R && D/A\n"); };
   frmConnect form(doors);
   WithPerson(
       [&] {

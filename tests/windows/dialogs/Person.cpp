@@ -68,8 +68,8 @@ void AwaitFor(const Text& title, const char* what, const std::function<bool()>& 
 }
 
 struct Search {
-  const Text& Title;
-  HWND Found = nullptr;
+  const Text& title;
+  HWND found = nullptr;
 };
 
 BOOL CALLBACK OnWindow(HWND window, LPARAM parameter) {
@@ -77,15 +77,15 @@ BOOL CALLBACK OnWindow(HWND window, LPARAM parameter) {
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
   if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window) &&
-      TitleOf(window) == search.Title)
-    search.Found = window;
-  return search.Found == nullptr;
+      TitleOf(window) == search.title)
+    search.found = window;
+  return search.found == nullptr;
 }
 
 HWND UsableWindow(const Text& title) {
   Search search{title};
   EnumWindows(OnWindow, reinterpret_cast<LPARAM>(&search));
-  return search.Found;
+  return search.found;
 }
 
 void SendKey(WORD key, WORD unit, DWORD flags) {

@@ -10,12 +10,12 @@ namespace {
 
 /// An entry of the table that the system keeps of all drawing objects.
 struct DrawingEntry {
-  std::uint64_t Object;
-  std::uint16_t Process, Count;
-  std::uint16_t Unique;
-  std::uint8_t Type;  // 0: the entry is free
-  std::uint8_t Flags;
-  std::uint64_t User;
+  std::uint64_t object;
+  std::uint16_t process, count;
+  std::uint16_t unique;
+  std::uint8_t type;  // 0: the entry is free
+  std::uint8_t flags;
+  std::uint64_t user;
 };
 constexpr int kEntries = 0x10000;
 constexpr std::uint8_t kFont = 10;
@@ -35,10 +35,10 @@ BOOL CALLBACK CountWindow(HWND, LPARAM counter) {
 
 SystemObjects CountSystemObjects() {
   SystemObjects objects;
-  EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&objects.Windows));
+  EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&objects.windows));
   for (int i = 0; i < kEntries; ++i) {
-    objects.Drawing += DrawingTable()[i].Type != 0;
-    objects.Fonts += DrawingTable()[i].Type == kFont;
+    objects.drawing += DrawingTable()[i].type != 0;
+    objects.fonts += DrawingTable()[i].type == kFont;
   }
   return objects;
 }

@@ -4,9 +4,9 @@
 namespace kestrune::testing {
 
 struct SystemObjects {
-  int Windows = 0;  // of the calling thread
-  int Fonts = 0;
-  int Drawing = 0;  // fonts, brushes, bitmaps, device contexts ...; the system keeps some for later
+  int windows = 0;  // of the calling thread
+  int fonts = 0;
+  int drawing = 0;  // fonts, brushes, bitmaps, device contexts ...; the system keeps some for later
 };
 
 SystemObjects CountSystemObjects();

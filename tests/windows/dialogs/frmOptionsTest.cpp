@@ -39,7 +39,7 @@ class frmOptionsTest : public DialogTest {
     options.Ask(ID_lvMappings, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
     return row.bottom - row.top;
   }
-  const Text& Stored() { return model.Find(u"DoorsConnection")->Notes; }
+  const Text& Stored() { return model.Find(u"DoorsConnection")->notes; }
 
   const DoorsWindow main_window_{DoorsWindow::kMain, true};
 };
@@ -138,7 +138,7 @@ TEST_F(frmOptionsTest, TheMenuCopiesAndPastes) {
 }
 
 TEST_F(frmOptionsTest, TheViewsAreAskedForWhenTheListOpensAndOneIsChosen) {
-  app->Answer = [](const Text& script) {
+  app->answer = [](const Text& script) {
     return script == LoadDxl(dxl_script::kListViews) ? Text(u"View 1\nstandard view\n") : Text();
   };
   Edit({u"A"}, [](const Screen& options) {
@@ -159,7 +159,7 @@ TEST_F(frmOptionsTest, TheViewsAreAskedForWhenTheListOpensAndOneIsChosen) {
 }
 
 TEST_F(frmOptionsTest, ALockedPackageIsShownAndHelpOpensItsTopic) {
-  model.Locked = true;
+  model.locked = true;
   const auto code = Edit({u"A"}, [this](const Screen& options) {
     EXPECT_EQ(options.TextAt(ID_lblPackageName), u"Requirements (LOCKED)");
     for (const int id : {ID_cmdOK, ID_cmdMap, ID_cmdMappings, ID_cmdSaveAndImport, ID_cmdReloadAttribs})

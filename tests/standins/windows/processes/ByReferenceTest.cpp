@@ -20,16 +20,16 @@ class Callee : public Counted<IDispatch> {
                                    EXCEPINFO*, UINT*) override {
     for (UINT i = params->cArgs; i > 0; --i) {
       const VARIANT& argument = params->rgvarg[i - 1];
-      Types.push_back(argument.vt);
-      Values.push_back(FromComVariant(argument).ToText());
+      types.push_back(argument.vt);
+      values.push_back(FromComVariant(argument).ToText());
       if (argument.vt == (VT_BYREF | VT_I4)) *argument.plVal = -1;
     }
     *answer = ComVariant(Variant(static_cast<std::int32_t>(id))).Release();
     return S_OK;
   }
 
-  std::vector<VARTYPE> Types;
-  std::vector<Text> Values;
+  std::vector<VARTYPE> types;
+  std::vector<Text> values;
 };
 
 TEST(ByReference, HandsOverWhatTheCalleeMayWriteTo) {
@@ -37,8 +37,8 @@ TEST(ByReference, HandsOverWhatTheCalleeMayWriteTo) {
   *callee.Out() = new Callee;
   const Object called = standins::ByReference(FromDispatch(callee.Get()));
   EXPECT_EQ(called.Call(u"Any", {std::int32_t(12), Variant(u"text"), true}).ToInt(), 7);
-  EXPECT_EQ(callee->Types, (std::vector<VARTYPE>{VT_BYREF | VT_I4, VT_BYREF | VT_BSTR, VT_BYREF | VT_BOOL}));
-  EXPECT_EQ(callee->Values, (std::vector<Text>{u"12", u"text", Variant(true).ToText()}));
+  EXPECT_EQ(callee->types, (std::vector<VARTYPE>{VT_BYREF | VT_I4, VT_BYREF | VT_BSTR, VT_BYREF | VT_BOOL}));
+  EXPECT_EQ(callee->values, (std::vector<Text>{u"12", u"text", Variant(true).ToText()}));
 }
 
 }  // namespace

@@ -48,16 +48,16 @@ void Pose(const Screen& dialog, const std::filesystem::path& file) {
 int Show(const Picture& picture, const std::filesystem::path& file) {
   const auto& dialogs = EveryDialog();
   const auto shown = std::find_if(dialogs.begin(), dialogs.end(),
-                                  [&](const ShownDialog& each) { return each.Name == picture.dialog; });
+                                  [&](const ShownDialog& each) { return each.name == picture.dialog; });
   DialogStage stage;
   PrepareLink(stage);
   WithPerson(
       [&] {
-        const Screen dialog(shown->Title);
+        const Screen dialog(shown->title);
         picture.person(dialog);
         Pose(dialog, file);
       },
-      [&] { shown->Show(stage); });
+      [&] { shown->show(stage); });
   return 0;
 }
 
