@@ -9,24 +9,20 @@ HierarchyPhase::Place HierarchyPhase::Update(std::size_t n, std::size_t row,
   is_settled_[n] = Settles(n, parent);
   const DataTable& elements = orim_doc_.GetData();
   const bool is_created = index_.IsCreated(row);
-  orim::Element element;
-  Place place = Place::kKept;
-  const auto write = [&](std::size_t column, const Variant& value) {
-    if (!element) element = repository_.ElementByID(index_.ElementIdOf(row));
-    if (!writer_.Write(element, row, column, value, item(element)))
-      place = Place::kFailed;
-    else if (place == Place::kKept)
-      place = Place::kMoved;
-  };
   const bool is_loose =
       is_created || orim_doc_.HasForeignParent(row) || taken_out_.contains(object.Identifier);
+  std::vector<FieldValue> values;
   if (is_loose || !(parent == elements.At(row, column::kParent))) {
     if (!is_settled_[n]) OpenCircle(n, parent);
-    write(column::kParent, parent);
+    values.push_back({column::kParent, parent});
   }
   const Variant& position = module_.At(object.Row, column::kPosition);
-  if (is_created || !(position == elements.At(row, column::kPosition))) write(column::kPosition, position);
-  return place;
+  if (is_created || !(position == elements.At(row, column::kPosition)))
+    values.push_back({column::kPosition, position});
+  if (values.empty()) return Place::kKept;
+  const orim::Element element = repository_.ElementByID(index_.ElementIdOf(row));
+  WrittenElement moved{element, row, item(element)};
+  return writer_.Write(moved, std::move(values)).HasAll ? Place::kMoved : Place::kFailed;
 }
 
 Text HierarchyPhase::ParentOf(const ModuleRow& object) const {

@@ -118,18 +118,21 @@ void Synchronisation::CreateElement(const ModuleRow& object) {
     ++not_made_;
     return Warn(FormatResText(text::kNotMade, {object.Identifier}));
   }
-  orim::Element element = MakeElement(NewElementName(object));
-  const Text name = element.Name();
+  std::vector<FieldValue> values = {{column::kIdentifier, object.Identifier}};
+  for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c)
+    values.push_back({c, ModuleValue(object, c)});
+  const Text name = NewElementName(object);
+  WrittenElement made{MakeElement(name), index_.NextRow(), name};
   ShowItem(text::kItemNew, name);
-  if (!writer_.Write(element, index_.NextRow(), column::kIdentifier, object.Identifier, name)) {
+  const WriteResult result = writer_.Write(made, std::move(values));
+  if (writer_.HasFailed(column::kIdentifier)) {
     ++not_made_;
-    return RemoveNameless(element);
+    return RemoveNameless(made.Element);
   }
   WarnOfLongName(object);
-  const std::size_t row = index_.AddCreated(object.Identifier, element.ElementID());
+  const std::size_t row = index_.AddCreated(object.Identifier, made.Element.ElementID());
   Mark(row, kMade);
-  for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c)
-    if (!writer_.Write(element, row, c, ModuleValue(object, c), name)) Mark(row, kFailed);
+  if (!result.HasAll) Mark(row, kFailed);
 }
 
 orim::Element Synchronisation::MakeElement(const Text& name) {
@@ -152,14 +155,19 @@ void Synchronisation::RemoveNameless(const orim::Element& element) {
 }
 
 void Synchronisation::UpdateElement(const ModuleRow& object, std::size_t row) {
-  orim::Element element;
+  std::vector<FieldValue> values;
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
-    const Variant value = ModuleValue(object, c);
+    Variant value = ModuleValue(object, c);
     if (value == orim_doc_.StoredValue(row, c)) continue;
-    if (!element) element = repository_.ElementByID(index_.ElementIdOf(row));
     if (c == name_column_) WarnOfLongName(object);
-    Mark(row, writer_.Write(element, row, c, value, ItemName(element, row)) ? kChanged : kFailed);
+    values.push_back({c, std::move(value)});
   }
+  if (values.empty()) return;
+  const orim::Element element = repository_.ElementByID(index_.ElementIdOf(row));
+  WrittenElement changed{element, row, ItemName(object, row, element)};
+  const WriteResult result = writer_.Write(changed, std::move(values));
+  if (result.HasAny) Mark(row, kChanged);
+  if (!result.HasAll) Mark(row, kFailed);
 }
 
 void Synchronisation::UpdateHierarchy() {
@@ -169,10 +177,11 @@ void Synchronisation::UpdateHierarchy() {
                        writer_);
   for (std::size_t n = 0; n < objects_.All().size(); ++n) {
     progress_.ProgressShare(n, objects_.All().size());
-    const auto row = index_.Find(objects_.All()[n].Identifier);
+    const ModuleRow& object = objects_.All()[n];
+    const auto row = index_.Find(object.Identifier);
     if (!row || trash_phase_.StuckInTrash().contains(*row)) continue;
     const auto place =
-        phase.Update(n, *row, [&](const orim::Element& element) { return ItemName(element, *row); });
+        phase.Update(n, *row, [&](const orim::Element& element) { return ItemName(object, *row, element); });
     if (place == HierarchyPhase::Place::kFailed) Mark(*row, kFailed);
     if (place == HierarchyPhase::Place::kMoved) Mark(*row, kMoved);
   }
@@ -210,9 +219,9 @@ std::size_t Synchronisation::NameColumn() const {
   return 0;
 }
 
-Text Synchronisation::ItemName(const orim::Element& element, std::size_t row) const {
-  const bool is_known = name_column_ != 0 && !index_.IsCreated(row);
-  return is_known ? orim_doc_.GetData().At(row, name_column_).ToText() : element.Name();
+Text Synchronisation::ItemName(const ModuleRow& object, std::size_t row, const orim::Element& element) const {
+  if (index_.IsCreated(row)) return NewElementName(object);
+  return name_column_ == 0 ? element.Name() : orim_doc_.GetData().At(row, name_column_).ToText();
 }
 
 Text Synchronisation::NewElementName(const ModuleRow& object) const {

@@ -41,7 +41,7 @@ class Synchronisation {
   /// The column that fills the elements' names; 0 when no rule does.
   std::size_t NameColumn() const;
   /// What the user knows the element as: its name before the import.
-  Text ItemName(const orim::Element& element, std::size_t row) const;
+  Text ItemName(const ModuleRow& object, std::size_t row, const orim::Element& element) const;
   Text NewElementName(const ModuleRow& object) const;
   /// The module's value as the package is to hold it. A name that is empty or longer than the host takes is replaced by
   /// the identifier: an element without a name cannot be found in the tree, and a refused name would keep all later

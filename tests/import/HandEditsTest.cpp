@@ -113,6 +113,7 @@ TEST_F(HandEditsTest, WhatIsLockedStaysWithItsChildrenAndIsNamed) {
   model.SetLocked(ElementOf(u"B").ElementID(), false);
   NextArchives(3);
   Import();
+  EXPECT_EQ(Tree(), "Trash Can\n  [A] nA\n  [B] nB\n  [C] nC\n") << "none of them below another";
   model.SetLocked(ElementOf(u"B").ElementID(), true);
   application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B", u"new")};
   NextMessage(u"2 item(s) restored from the 'Trash Can' package.");

@@ -53,6 +53,25 @@ TEST_F(SynchronisationTest, ASecondImportWritesNothingAndAsksNoMoreForALargerMod
   EXPECT_EQ(calls_of_a_second_import(400), few);
 }
 
+TEST_F(SynchronisationTest, WhatIsNewOrChangedCostsFewCallsAndSaves) {
+  StoreRules({u"Object Heading --> Name", u"Object Text --> Notes", u"Object Number --> Alias",
+              u"Object Short Text --> Status", u"Created On --> Phase", u"Last Modified On --> Version",
+              u"Mood --> (Tagged Value)", u"Created By --> (Tagged Value)", u"V1 --> (Tagged Value)",
+              u"V2 --> (Tagged Value)", u"V3 --> (Tagged Value)", u"V4 --> (Tagged Value)",
+              u"V5 --> (Tagged Value)"});
+  for (const char16_t* name : {u"V1", u"V2", u"V3", u"V4", u"V5"}) application->attributes.push_back(name);
+  application->objects = {Exported(u"A")};
+  Import();
+  EXPECT_EQ(WritesOfAnImport(), 0);
+  const long long calls_of_every_import = model.Counters().Calls();
+  application->objects.push_back(Exported(u"B"));
+  EXPECT_EQ(WritesOfAnImport(), 11) << "the element, its fields, its place, eight tagged values";
+  EXPECT_LE(model.Counters().Calls() - calls_of_every_import, 40);
+  application->objects[1] = {{"a1", u"B"}, {"a9", u"renamed"}, {"a2", u"1.1"}, {"a12", u"merry"}};
+  EXPECT_EQ(WritesOfAnImport(), 2) << "its fields, a tagged value";
+  EXPECT_LE(model.Counters().Calls() - calls_of_every_import, 8);
+}
+
 TEST_F(SynchronisationTest, OnlyWhatDiffersIsWrittenAndShown) {
   application->objects = {Exported(u"A"), Exported(u"B", u"A")};
   Import();
