@@ -9,8 +9,7 @@ HierarchyPhase::Place HierarchyPhase::Update(std::size_t n, std::size_t row,
   is_settled_[n] = Settles(n, parent);
   const DataTable& elements = orim_doc_.GetData();
   const bool is_created = index_.IsCreated(row);
-  const bool is_loose =
-      is_created || orim_doc_.HasForeignParent(row) || taken_out_.contains(object.Identifier);
+  const bool is_loose = is_created || orim_doc_.HasForeignParent(row);
   std::vector<FieldValue> values;
   if (is_loose || !(parent == elements.At(row, column::kParent))) {
     if (!is_settled_[n]) OpenCircle(n, parent);
@@ -51,7 +50,7 @@ void HierarchyPhase::OpenCircle(std::size_t n, const Text& parent) {
       return;
     }
     const auto place = objects_.Find(at);
-    const bool will_move = place && *place > n && PresentParent(at, n) != objects_.All()[*place].Parent;
+    const bool will_move = place && PresentParent(at, n) != objects_.All()[*place].Parent;
     if (!movable && will_move) movable = place;
   }
 }
