@@ -71,6 +71,15 @@ TEST_F(FieldWriterTest, NotesThatAUserKeptBesideAShortValueStay) {
   EXPECT_EQ(Rationale().Notes(), u"mine");
 }
 
+TEST_F(FieldWriterTest, ATaggedValueThatTheHostGivesToNewElementsIsUsed) {
+  WrittenElement made{AddElement(u"New", {{u"Rationale", u"of the host"}}), index.NextRow(), u"New"};
+  EXPECT_TRUE(writer.Write(made, {{1, u"R2"}, {kRationale, u"ours"}}).HasAll);
+  const auto tagged_values = made.Element.TaggedValues();
+  EXPECT_EQ(tagged_values.Count(), 2);
+  EXPECT_EQ(tagged_values.Find(u"Rationale").Value(), u"ours");
+  EXPECT_TRUE(progress.lines.empty());
+}
+
 TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
   const AutomationError refusal(0x80004005, u"host", u"The host says no");
   for (const auto moment : {HostFaults::Moment::kPut, HostFaults::Moment::kSave}) {
@@ -79,7 +88,7 @@ TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
     model.Faults().FailTaggedValue(u"Rationale", moment, refusal);
     for (const char16_t* value : {u"one", u"two"}) {
       const WriteResult result =
-          Write(fresh, {{kStatus, value}, {kRationale, value}, {kAlias, value}, {kNotes, value}});
+          Write(fresh, {{kAlias, value}, {kStatus, value}, {kRationale, value}, {kNotes, value}});
       EXPECT_TRUE(result.HasAny && !result.HasAll);
       EXPECT_EQ(Fresh().Field(u"Alias"), value);
       EXPECT_EQ(Fresh().Field(u"Notes"), value);
@@ -90,11 +99,11 @@ TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {
     EXPECT_EQ(fresh.FailedFields()[1].Skipped, 1u);
     EXPECT_EQ(
         progress.lines,
-        (std::vector<Text>{u"First | Status:  --> one", u"First | Rationale:  --> one",
-                           u"First | Alias:  --> one", u"First | Notes:  --> one", u"ERROR: The host says no",
-                           u"Warning: \"Rationale\" of 'First' was not written.", u"ERROR: The host says no",
-                           u"Warning: \"Status\" of 'First' was not written.", u"First | Alias:  --> two",
-                           u"First | Notes:  --> two"}));
+        (std::vector<Text>{u"First | Alias:  --> one", u"First | Status:  --> one",
+                           u"First | Rationale:  --> one", u"First | Notes:  --> one",
+                           u"ERROR: The host says no", u"Warning: \"Rationale\" of 'First' was not written.",
+                           u"ERROR: The host says no", u"Warning: \"Status\" of 'First' was not written.",
+                           u"First | Alias:  --> two", u"First | Notes:  --> two"}));
     EXPECT_FALSE(Write(fresh, {{kStatus, u"three"}}).HasAny);
     EXPECT_EQ(Fresh().Field(u"Status"), u"");
     progress.lines.clear();

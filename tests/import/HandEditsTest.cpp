@@ -88,6 +88,7 @@ TEST_F(HandEditsTest, AnArchivedElementMayLieBelowAnything) {
 TEST_F(HandEditsTest, ATaggedValueThatIsThereTwiceSettles) {
   for (const char16_t* value : {u"merry", u"calm", u"sad"})
     ElementOf(u"A").TaggedValues().AddNew(u"Mood", value).Save();
+  ElementOf(u"A").TaggedValues().AddNew(u"Mine", u"sad").Save();
   const Text warning =
       u"Warning: The element 'nA' has the tagged value \"Mood\" more than once. Only one of them is kept "
       u"up to date; delete the others.";
@@ -115,12 +116,16 @@ TEST_F(HandEditsTest, WhatIsLockedStaysWithItsChildrenAndIsNamed) {
   Import();
   EXPECT_EQ(Tree(), "Trash Can\n  [A] nA\n  [B] nB\n  [C] nC\n") << "none of them below another";
   model.SetLocked(ElementOf(u"B").ElementID(), true);
-  application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B", u"new")};
+  application->objects = {Exported(u"A"), Exported(u"B", u"A", u"new"), Exported(u"C", u"B", u"new")};
   NextMessage(u"2 item(s) restored from the 'Trash Can' package.");
+  const auto back = Import();
   EXPECT_TRUE(
-      HasLine(Import(),
-              u"Warning: 'nB' is in the DOORS module again, but stays in the 'Trash Can' package, since it "
-              u"is locked. Unlock it and import again."));
+      HasLine(back,
+              u"Warning: 'nB' is in the DOORS module again, but stays in the 'Trash Can' package, since "
+              u"it is locked. Unlock it and import again."));
+  EXPECT_TRUE(LinesThatBegin(u"ERROR: ", back).empty());
+  EXPECT_TRUE(HasLine(back, u"   nC: Restored"));
+  EXPECT_TRUE(HasLine(back, u"0 new, 1 changed, 0 moved, 0 archived, 2 restored, 0 unchanged, 1 failed"));
   EXPECT_EQ(Tree(), "[A] nA\n[C] nC\nTrash Can\n  [B] nB\n");
   model.SetLocked(ElementOf(u"B").ElementID(), false);
   NextMessage(u"1 item(s) restored from the 'Trash Can' package.");
@@ -136,26 +141,30 @@ TEST_F(HandEditsTest, AnElementThatWasNeverFinishedIsGoneOnWith) {
   noted.Save();
   AddElement(u"nF", {{u"Mine", u"x"}});
   for (const char16_t* identifier : {u"D", u"E", u"F"}) application->objects.push_back(Exported(identifier));
+  application->objects.push_back({{"a1", u"G"}, {"a9", u"nD"}});
   Import();
-  EXPECT_EQ(Tree(), "nE\nnF\n[A] nA\n  [B] nB\n    [C] nC\n[D] nD\n[E] nE\n[F] nF\nTrash Can\n");
+  EXPECT_EQ(Tree(), "nE\nnF\n[A] nA\n  [B] nB\n    [C] nC\n[D] nD\n[E] nE\n[F] nF\n[G] nD\nTrash Can\n");
 }
 
 TEST_F(HandEditsTest, AnImportThatIsAboutToArchiveMostOfThePackageSaysSoFirst) {
-  for (int i = 0; i < 17; ++i) application->objects.push_back(Exported(ToText(i)));
+  for (int i = 0; i < 35; ++i) application->objects.push_back(Exported(ToText(i)));
   Import();
-  application->objects.resize(10);
-  NextArchives(10);
-  EXPECT_FALSE(HasLine(Import(), u"Warning: 10 of 20 elements")) << "no more than half";
-  application->objects.clear();
-  NextArchives(10);
-  const auto lines = Import();
-  const auto warning = std::ranges::find_if(lines, [](const Text& line) {
-    return line.starts_with(
-        u"Warning: 10 of 10 elements are no longer in the DOORS module "
-        u"and are about to be moved to the 'Trash Can' package.");
-  });
-  ASSERT_NE(warning, lines.end());
-  EXPECT_LT(warning, std::ranges::find(lines, Text(u"   nA: Archived")));
+  const struct {
+    std::size_t left;
+    int archived;
+    TextView warning;
+  } steps[] = {
+      {19, 19, u""}, {9, 10, u"Warning: 10 of 19 elements are no longer in the DOORS module"}, {0, 9, u""}};
+  for (const auto& step : steps) {
+    application->objects.resize(step.left);
+    NextArchives(step.archived);
+    const auto lines = Import();
+    const auto warnings = LinesThatBegin(u"Warning: ", lines);
+    ASSERT_EQ(warnings.empty(), step.warning.empty()) << step.archived;
+    if (warnings.empty()) continue;
+    EXPECT_TRUE(warnings[0].starts_with(step.warning));
+    EXPECT_LT(std::ranges::find(lines, warnings[0]), std::ranges::find(lines, Text(u"   n16: Archived")));
+  }
 }
 
 }  // namespace

@@ -79,6 +79,11 @@ struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
   }
 
+  static std::vector<Text> LinesThatBegin(TextView beginning, std::vector<Text> lines) {
+    std::erase_if(lines, [&](const Text& line) { return !line.starts_with(beginning); });
+    return lines;
+  }
+
   /// What the next import must ask or say, in this order.
   void NextMessage(Text body, Answer answer = Answer::kOk) {
     expected_.emplace_back(std::move(body), answer);
