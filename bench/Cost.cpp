@@ -53,13 +53,19 @@ double CpuSeconds() {
   return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-void Cost::KeepBest(const Cost& other) {
-  if (other.seconds < seconds) {
-    seconds = other.seconds;
-    host_seconds = other.host_seconds;
-    kernel_seconds = other.kernel_seconds;
-  }
-  peak_mb = std::min(peak_mb, other.peak_mb);
+Cost Median(std::vector<Cost> rounds) {
+  const auto middle = rounds.begin() + static_cast<std::ptrdiff_t>(rounds.size() / 2);
+  const auto take = [&](double Cost::*figure) {
+    std::ranges::nth_element(rounds, middle, {}, figure);
+    return (*middle).*figure;
+  };
+  const double peak = take(&Cost::peak_mb);
+  const double address = take(&Cost::address_mb);
+  take(&Cost::seconds);
+  Cost median = *middle;
+  median.peak_mb = peak;
+  median.address_mb = address;
+  return median;
 }
 
 Cost InChild(const std::function<Cost()>& work) {
@@ -82,13 +88,15 @@ Cost InChild(const std::function<Cost()>& work) {
 Cost Measure(const std::function<void()>& work) {
   ResetPeak();
   const double before = StatusMb("VmRSS");
+  const double addresses = StatusMb("VmSize");
   const double start = CpuSeconds();
   const double kernel_start = KernelSeconds();
   work();
   const double end = CpuSeconds();
   return {.seconds = end - start,
           .kernel_seconds = KernelSeconds() - kernel_start,
-          .peak_mb = StatusMb("VmHWM") - before};
+          .peak_mb = StatusMb("VmHWM") - before,
+          .address_mb = StatusMb("VmPeak") - addresses};
 }
 
 }  // namespace kestrune::bench

@@ -27,7 +27,7 @@ Cost RunExportScript(const Workspace& workspace, int objects) {
   });
   if (!outcome.errors.empty() || !IsFile(outcome.result))
     throw std::runtime_error("the export script failed: " + ToUtf8(outcome.result));
-  if (ReadFile(outcome.result) != ReadFile(workspace.Export(objects, Edition::kFirst)))
+  if (ReadFile(outcome.result) != ReadFile(workspace.Export(kRequirements, objects, Edition::kFirst)))
     throw std::runtime_error("the export script writes another file than the generator");
   RemoveFile(outcome.result);
   return cost;

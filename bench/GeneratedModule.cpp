@@ -222,6 +222,19 @@ void WriteObject(std::ostream& out, const GeneratedObject& object) {
   out << "</Object>";
 }
 
+/// The file that the export script has DOORS write.
+void WriteRequirements(const Text& path, int count, Edition edition) {
+  std::ofstream out(ToPath(path), std::ios::binary);
+  out << "<?xml version='1.0' encoding='UTF-8'?>\r\n<DoorsModule><Attributes>";
+  for (std::size_t i = 0; i < kNames.size(); ++i)
+    out << "<Attribute Name=\"" << kNames[i] << "\" ID=\"" << i << "\"/>";
+  out << "</Attributes><Objects>";
+  ForEachObject(count, edition, [&out](const GeneratedObject& object) { WriteObject(out, object); });
+  out << "</Objects></DoorsModule>\r\n";
+  out.close();
+  if (!out) throw std::runtime_error("cannot write " + ToUtf8(path));
+}
+
 /// The ids of the module's attribute definitions, by their place in the export; 0 for what DOORS works out.
 std::array<std::int64_t, kNames.size()> MakeAttributes(standins::Database& sql, std::int64_t module) {
   for (std::size_t i = kFixedAttributes; i < kNames.size(); ++i)
@@ -254,17 +267,13 @@ void ForEachObject(int count, Edition edition, const std::function<void(const Ge
   }
 }
 
-void WriteExport(const Text& path, int count, Edition edition) {
-  std::ofstream out(ToPath(path), std::ios::binary);
-  out << "<?xml version='1.0' encoding='UTF-8'?>\r\n<DoorsModule><Attributes>";
-  for (std::size_t i = 0; i < kNames.size(); ++i)
-    out << "<Attribute Name=\"" << kNames[i] << "\" ID=\"" << i << "\"/>";
-  out << "</Attributes><Objects>";
-  ForEachObject(count, edition, [&out](const GeneratedObject& object) { WriteObject(out, object); });
-  out << "</Objects></DoorsModule>\r\n";
-  out.close();
-  if (!out) throw std::runtime_error("cannot write " + ToUtf8(path));
-}
+const Module kRequirements{
+    "requirements",
+    {u"Status --> Status", u"Priority --> Priority", u"Complexity --> Difficulty", u"Owner --> Author",
+     u"Verification Method --> (Tagged Value)", u"Rationale --> (Tagged Value)",
+     u"Safety Class --> (Tagged Value)", u"Review Comment --> (Tagged Value)"},
+    WriteRequirements,
+};
 
 void FillDatabase(standins::DoorsDatabase& database, int count) {
   standins::Database& sql = database.Sql();

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 
+#include "bench/Module.h"
 #include "standins/doors-database/DoorsDatabase.h"
 
 namespace kestrune::bench {
@@ -19,32 +20,13 @@ struct GeneratedObject {
   std::array<std::string, kFixedAttributes + kOwnAttributes> values;  // UTF-8; "" where the object has none
 };
 
-/// The module, and the same one after its users have gone on working: every hundredth object has another text
-/// and another status.
-enum class Edition { kFirst, kNext };
-
-/// Objects of chapters, sections and requirements with their details, five
+/// The module kRequirements: objects of chapters, sections and requirements with their details, five
 /// levels deep. Requirements have a text of some sentences, one in a hundred a
 /// comment of some thousand characters; one in twenty texts is not plain ASCII.
 void ForEachObject(int count, Edition edition, const std::function<void(const GeneratedObject&)>& visit);
 
-/// The export file of the module, as the export script has DOORS write it.
-void WriteExport(const Text& path, int count, Edition edition);
-
 inline constexpr TextView kModulePath = u"/Plant/Requirements";
 /// Makes the module in a database without it.
 void FillDatabase(standins::DoorsDatabase& database, int count);
-
-/// What the user maps besides the default rules: four fields and four tagged values.
-inline constexpr std::array<TextView, 8> kOwnRules = {
-    u"Status --> Status",
-    u"Priority --> Priority",
-    u"Complexity --> Difficulty",
-    u"Owner --> Author",
-    u"Verification Method --> (Tagged Value)",
-    u"Rationale --> (Tagged Value)",
-    u"Safety Class --> (Tagged Value)",
-    u"Review Comment --> (Tagged Value)",
-};
 
 }  // namespace kestrune::bench

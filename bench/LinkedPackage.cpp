@@ -38,7 +38,7 @@ class ExportedDoors : public standins::StandInObject<ExportedDoors> {
 
 }  // namespace
 
-void MakeLinkedPackage(const Text& folder, const Text& model_path) {
+void MakeLinkedPackage(const Text& folder, const Text& model_path, const Module& module) {
   auto model = standins::OrimModel::Create(ToPath(model_path));
   model.SelectPackage(model.AddPackage(0, u"Requirements"));
   const orim::Package package = orim::Repository(model.Repository()).SelectedPackage();
@@ -52,7 +52,7 @@ void MakeLinkedPackage(const Text& folder, const Text& model_path) {
   Doors doors(platform);
   Options options(doors);
   options.LoadDefault(package);
-  for (const TextView rule : kOwnRules) options.AddMapping(rule);
+  for (const Text& rule : module.rules) options.AddMapping(rule);
   options.Save();
 }
 

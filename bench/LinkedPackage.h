@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bench/Cost.h"
+#include "bench/Module.h"
 #include "documents/OrimDoc.h"
 #include "doors/Doors.h"
 #include "standins/desktop/FixedFolders.h"
@@ -10,8 +11,8 @@
 
 namespace kestrune::bench {
 
-/// Makes a model with one linked package, its rules those of the generated module. `folder` keeps the link.
-void MakeLinkedPackage(const Text& folder, const Text& model_path);
+/// Makes a model with one linked package, its rules those of the module. `folder` keeps the link.
+void MakeLinkedPackage(const Text& folder, const Text& model_path, const Module& module);
 
 /// That package, with a DOORS that answers the export script with a file that is there already: the cost of
 /// the script is not in what is measured here. A message box that comes unexpected throws std::runtime_error.

@@ -29,17 +29,21 @@ std::string Growth(const Result& result, const std::vector<Result>& results) {
 }  // namespace
 
 void PrintReport(const std::vector<Result>& results, std::ostream& out) {
-  out << "| phase | objects | seconds | of these in the host | in the kernel | : bare | growth | calls | "
-         "writes | peak MB | "
-         ": bare |\n"
-      << "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
+  out << "| phase | objects | seconds | in the host | in the kernel | : tree | : scan | growth | calls | "
+         "writes "
+         "| peak MB | : tree | address MB |\n"
+      << "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
   for (const Result& result : results) {
     const Cost& cost = result.ours;
+    const auto ratio = [&](const std::optional<Cost>& bare, double Cost::*figure) {
+      return bare ? Fixed(cost.*figure / (*bare).*figure, 2) : "";
+    };
     out << "| " << result.phase << " | " << result.objects << " | " << Fixed(cost.seconds, 3) << " | "
         << Fixed(cost.host_seconds, 3) << " | " << Fixed(cost.kernel_seconds, 3) << " | "
-        << (result.bare ? Fixed(result.TimeRatio(), 2) : "") << " | " << Growth(result, results) << " | "
-        << cost.calls << " | " << cost.writes << " | " << Fixed(cost.peak_mb, 1) << " | "
-        << (result.bare ? Fixed(result.MemoryRatio(), 2) : "") << " |\n";
+        << ratio(result.bare, &Cost::seconds) << " | " << ratio(result.bare_scan, &Cost::seconds) << " | "
+        << Growth(result, results) << " | " << cost.calls << " | " << cost.writes << " | "
+        << Fixed(cost.peak_mb, 1) << " | " << ratio(result.bare, &Cost::peak_mb) << " | "
+        << Fixed(cost.address_mb, 0) << " |\n";
   }
 }
 

@@ -32,27 +32,27 @@ Text Workspace::Made(const std::string& name, const std::function<void(const Tex
   return path;
 }
 
-Text Workspace::Export(int objects, Edition edition) const {
-  const char* name = edition == Edition::kFirst ? "first-" : "next-";
-  return Made(name + std::to_string(objects) + ".xml",
-              [&](const Text& path) { WriteExport(path, objects, edition); });
+Text Workspace::Export(const Module& module, int objects, Edition edition) const {
+  const char* name = edition == Edition::kFirst ? "-first-" : "-next-";
+  return Made(module.name + name + std::to_string(objects) + ".xml",
+              [&](const Text& path) { module.write_export(path, objects, edition); });
 }
 
-Text Workspace::EmptyModel() const {
-  return Made("empty.orim", [&](const Text& path) { MakeLinkedPackage(Path(), path); });
+Text Workspace::EmptyModel(const Module& module) const {
+  return Made(module.name + ".orim", [&](const Text& path) { MakeLinkedPackage(Path(), path, module); });
 }
 
-Text Workspace::ImportedModel(int objects) const {
-  const Text exported = Export(objects, Edition::kFirst);
-  const Text empty = EmptyModel();
-  return Made(ImportedName(objects), [&](const Text& path) {
+Text Workspace::ImportedModel(const Module& module, int objects) const {
+  const Text exported = Export(module, objects, Edition::kFirst);
+  const Text empty = EmptyModel(module);
+  return Made(ImportedName(module, objects), [&](const Text& path) {
     std::filesystem::copy_file(ToPath(empty), ToPath(path));
     LinkedPackage(Path(), path).Import(exported);
   });
 }
 
-void Workspace::KeepImported(const Text& model, int objects) const {
-  const auto path = folder_ / ImportedName(objects);
+void Workspace::KeepImported(const Text& model, const Module& module, int objects) const {
+  const auto path = folder_ / ImportedName(module, objects);
   if (!std::filesystem::exists(path)) std::filesystem::rename(ToPath(model), path);
 }
 

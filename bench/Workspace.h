@@ -18,19 +18,21 @@ class Workspace {
   Workspace& operator=(const Workspace&) = delete;
 
   Text Path() const;
-  /// An export of the generated module.
-  Text Export(int objects, Edition edition) const;
+  /// An export of the module.
+  Text Export(const Module& module, int objects, Edition edition) const;
   /// A model with a linked package into which nothing has been imported.
-  Text EmptyModel() const;
+  Text EmptyModel(const Module& module) const;
   /// A model whose linked package is in line with the module's first edition.
-  Text ImportedModel(int objects) const;
+  Text ImportedModel(const Module& module, int objects) const;
   /// Takes `model` for that, unless there is one.
-  void KeepImported(const Text& model, int objects) const;
+  void KeepImported(const Text& model, const Module& module, int objects) const;
   /// A copy of a model, for whoever changes it. There is one at a time.
   Text CopyOf(const Text& model) const;
 
  private:
-  std::string ImportedName(int objects) const { return "imported-" + std::to_string(objects) + ".orim"; }
+  static std::string ImportedName(const Module& module, int objects) {
+    return module.name + "-" + std::to_string(objects) + ".orim";
+  }
   Text Made(const std::string& name, const std::function<void(const Text& path)>& make) const;
 
   std::filesystem::path folder_;

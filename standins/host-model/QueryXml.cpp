@@ -74,7 +74,8 @@ TextView Reference(char16_t c) {
 void AppendEscaped(Text& xml, TextView value) {
   std::size_t i = 0;
   while (i < value.size()) {
-    const auto end = std::find_if_not(value.begin() + i, value.end(), IsPlain) - value.begin();
+    const auto end = std::find_if_not(value.begin() + i, value.end(), [](char16_t c) { return IsPlain(c); }) -
+                     value.begin();
     xml.append(value.substr(i, end - i));
     i = static_cast<std::size_t>(end);
     if (i == value.size()) return;
@@ -96,23 +97,52 @@ Statement PrepareSelect(Database& database, TextView sql) {
   return rows;
 }
 
+/// A long text, put together without room for another half of it.
+class Pieces {
+ public:
+  /// Where the next part is put behind what there is.
+  Text& Last() {
+    if (pieces_.back().size() > kPiece) pieces_.emplace_back().reserve(kPiece);
+    return pieces_.back();
+  }
+  Text Join() {
+    Text whole = std::move(pieces_.front());
+    std::size_t size = 0;
+    for (const Text& piece : pieces_) size += piece.size();
+    whole.reserve(whole.size() + size);
+    for (Text& piece : pieces_) {
+      whole += piece;
+      piece = Text();
+    }
+    return whole;
+  }
+
+ private:
+  static constexpr std::size_t kPiece = std::size_t(1)
+                                        << 24;  // units; the system takes back memory of that size
+  std::vector<Text> pieces_ = std::vector<Text>(1);
+};
+
 }  // namespace
 
 Text QueryXml(Database& database, TextView sql, ColumnSpelling spelling) {
   Statement rows = PrepareSelect(database, sql);
   const std::vector<Tags> tags = TagsOf(rows, spelling);
-  Text xml = u"<ORIMDATA><Dataset_0><Data>";
+  Pieces xml;
+  xml.Last() += u"<ORIMDATA><Dataset_0><Data>";
   while (rows.Step()) {
-    xml += u"<Row>";
+    Text& piece = xml.Last();
+    piece += u"<Row>";
     for (int column = 0; column < static_cast<int>(tags.size()); ++column) {
       if (rows.IsNull(column)) continue;
-      xml += tags[column].open;
-      AppendEscaped(xml, rows.View(column));
-      xml += tags[column].close;
+      piece += tags[column].open;
+      AppendEscaped(piece, rows.View(column));
+      piece += tags[column].close;
     }
-    xml += u"</Row>";
+    piece += u"</Row>";
   }
-  return xml += u"</Data></Dataset_0></ORIMDATA>";
+  xml.Last() += u"</Data></Dataset_0></ORIMDATA>";
+  return xml.Join();
 }
 
 }  // namespace kestrune::standins
