@@ -1,15 +1,13 @@
 // The module's objects, read from the export file that DOORS wrote.
 #pragma once
 
-#include <unordered_map>
-
 #include "documents/DataTable.h"
 #include "documents/ImportColumn.h"
 #include "options/Options.h"
 
 namespace kestrune {
 
-/// Fields are requested first, then the file is loaded once, then the table is read. The first four requests
+/// Fields are requested first, then the file is loaded once, front to back, then the table is read. The first four requests
 /// are the fixed ones, in the order of the columns named in DataTable.h.
 ///
 /// Column 0 of the table is the object's absolute number, column c the c-th request; a cell is empty where
@@ -32,17 +30,7 @@ class DoorsDoc {
   const DataTable& GetData() const { return table_; }
 
  private:
-  struct Use {  // of one export element
-    std::size_t Column;
-    bool IsExtra;
-  };
-  using UsesById = std::vector<std::vector<Use>>;
-  using PositionByParent = std::unordered_map<TextView, std::int32_t>;  // by the parent's identifier
-
-  UsesById ResolveFields(const XmlNode& attributes) const;
-  void ReadObjects(const XmlNode& objects, const UsesById& uses);
-  void ReadObject(std::size_t row, const XmlNode& object, const UsesById& uses, std::vector<Text>& extras);
-  void NumberSiblings(PositionByParent& last_position);
+  void NumberSiblings();
 
   std::vector<ImportColumn> columns_ = std::vector<ImportColumn>(1);  // numbered as in the table
   DataTable table_;

@@ -167,7 +167,7 @@ bool ElementFieldWriter::WriteTaggedValue(const TaggedValues& all, bool is_bare,
     tagged_value = all.AddNew(package_.Column(value.Column).Name, short_value);
   } else {
     const bool is_known = WasAnswered(row, value.Column);
-    had_memo = (is_known ? Text(package_.GetData().TextAt(row, value.Column)) : tagged_value.Value()) ==
+    had_memo = (is_known ? Text(package_.GetData().At(row, value.Column).AsText()) : tagged_value.Value()) ==
                orim::kMemoValue;
     tagged_value.SetValue(short_value);
   }
@@ -181,7 +181,7 @@ orim::TaggedValue ElementFieldWriter::FindTaggedValue(const TaggedValues& all, s
   const Text& name = package_.Column(column).Name;
   if (!WasAnswered(row, column)) return TryToGet(all, name);
   if (package_.IsDoubled(row, column))
-    return LastWithValue(all, name, package_.GetData().TextAt(row, column));
+    return LastWithValue(all, name, package_.GetData().At(row, column).AsText());
   return all.GetByName(name);
 }
 

@@ -2,20 +2,20 @@
 
 namespace kestrune {
 
-std::optional<std::size_t> ElementIndex::Add(const Text& identifier, std::size_t row) {
+std::optional<std::size_t> ElementIndex::Add(TextView identifier, std::size_t row) {
   const auto [entry, is_new] = row_by_identifier_.emplace(identifier, row);
   if (is_new) return std::nullopt;
   return entry->second;
 }
 
-std::size_t ElementIndex::AddCreated(const Text& identifier, std::int32_t element_id) {
+std::size_t ElementIndex::AddCreated(TextView identifier, std::int32_t element_id) {
   const std::size_t row = NextRow();
   created_.push_back(element_id);
   row_by_identifier_.emplace(identifier, row);
   return row;
 }
 
-std::optional<std::size_t> ElementIndex::Find(const Text& identifier) const {
+std::optional<std::size_t> ElementIndex::Find(TextView identifier) const {
   const auto found = row_by_identifier_.find(identifier);
   if (found == row_by_identifier_.end()) return std::nullopt;
   return found->second;

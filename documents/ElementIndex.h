@@ -9,7 +9,7 @@
 
 namespace kestrune {
 
-/// Maps an "Object Identifier" to a row number: rows 1 to the package table's last are the table's own, those
+/// Maps an "Object Identifier", a text of one of the two tables, to a row number: rows 1 to the package table's last are the table's own, those
 /// beyond are elements created during this import, in the order of their making.
 class ElementIndex {
  public:
@@ -17,20 +17,20 @@ class ElementIndex {
 
   /// Enters a row of the table; returns the row that has the
   /// identifier already, if any, and enters nothing then.
-  std::optional<std::size_t> Add(const Text& identifier, std::size_t row);
+  std::optional<std::size_t> Add(TextView identifier, std::size_t row);
   /// Enters an element that was just created; returns its row number.
-  std::size_t AddCreated(const Text& identifier, std::int32_t element_id);
+  std::size_t AddCreated(TextView identifier, std::int32_t element_id);
 
   /// The row number that the next created element will have.
   std::size_t NextRow() const { return package_.UpperRow() + created_.size() + 1; }
 
-  std::optional<std::size_t> Find(const Text& identifier) const;
+  std::optional<std::size_t> Find(TextView identifier) const;
   bool IsCreated(std::size_t row) const { return row > package_.UpperRow(); }
   std::int32_t ElementIdOf(std::size_t row) const;
 
  private:
   const DataTable& package_;
-  std::unordered_map<Text, std::size_t> row_by_identifier_;
+  std::unordered_map<TextView, std::size_t> row_by_identifier_;
   std::vector<std::int32_t> created_;
 };
 

@@ -1,28 +1,22 @@
 #include "documents/OrimDoc.h"
 
 #include "common/Resources.h"
-#include "orim/ElementFields.h"
 
 namespace kestrune {
 
 namespace {
 
-// The columns that are read of the package query; those of the element fields follow.
-enum QueryColumn : std::size_t { kObjectId, kParentId, kTreePos, kProperty, kValue, kFirstField };
+struct Memo {
+  std::int32_t ElementId;
+  Text Name;
+  Text Content;
+};
 
-std::vector<Text> QueryColumns() {
-  std::vector<Text> columns = {u"Object_ID", u"ParentID", u"TPos", u"Property", u"Value"};
-  for (const orim::ElementField& field : orim::kElementFields) columns.emplace_back(field.QueryColumn);
-  return columns;
+Memo MemoIn(const QueryRow& row) {
+  return {row.GetNumber(0), Text(row.GetText(1)), WidenLineFeeds(Text(row.GetText(2)))};
 }
-
-/// The column of the query that answers the element field.
-std::size_t QueryColumnOf(const Text& field) {
-  return kFirstField + static_cast<std::size_t>(orim::FindElementField(field) - orim::kElementFields.data());
-}
-
-bool IsIdentifierRow(const QueryAnswer::Row& row) {
-  return row.GetText(kProperty) == kObjectIdentifier;
+std::int32_t ObjectId(const QueryRow& row) {
+  return row.GetNumber(0);
 }
 
 }  // namespace
@@ -36,48 +30,33 @@ void OrimDoc::Load() {
   const orim::Package trash = package_.Packages().Find(LoadResText(text::kTrashCan));
   trash_id_ = trash ? trash.PackageID() : 0;
   const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {PackageIds()});
-  const QueryAnswer answer(repository_, sql, QueryColumns());
-  FindElements(answer);
-  if (table_.UpperRow() == 0) return;
-  const ColumnsByName tagged_values = TaggedValueColumns();
-  std::size_t next = 0;
-  answer.ForEach([&](const QueryAnswer::Row& row) {
-    if (IsIdentifierRow(row)) FillRow(++next, row);
-    FillTaggedValue(row, tagged_values);
-  });
+  ElementRows rows(columns_);
+  ForEachRow(repository_, sql, ElementRows::QueryColumns(), rows);
+  rows.Finish();
+  table_ = std::move(rows.Table());
+  doubled_ = std::move(rows.Doubled());
+  CompleteIdentifiers();
+  FillParents(rows);
   RequireSoundParents();
 }
 
-void OrimDoc::FindElements(const QueryAnswer& answer) {
-  std::size_t count = 0;
-  answer.ForEach([&](const QueryAnswer::Row& row) {
-    if (!IsIdentifierRow(row)) return;
-    const std::int32_t id = row.GetNumber(kObjectId);
-    rows_by_id_.emplace(id, ++count);
-    const Text value = row.GetText(kValue);
-    identifier_by_id_.emplace(id, value == orim::kMemoValue ? MemoText(id, Text(kObjectIdentifier)) : value);
-  });
-  table_ = DataTable(count, LastColumn());
+void OrimDoc::CompleteIdentifiers() {
+  for (std::size_t row = 1; row <= table_.UpperRow(); ++row)
+    if (table_.At(row, column::kIdentifier).AsText() == orim::kMemoValue)
+      table_.PutText(row, column::kIdentifier,
+                     MemoText(table_.At(row, column::kKey).ToInt(), Text(kObjectIdentifier)));
 }
 
-void OrimDoc::FillRow(std::size_t row, const QueryAnswer::Row& source) {
-  table_.At(row, column::kKey) = source.GetNumber(kObjectId);
-  for (std::size_t c = 1; c <= LastColumn(); ++c) {
-    if (columns_[c].Place != ImportColumn::Place::kElementField) continue;
-    const std::size_t query_column = QueryColumnOf(columns_[c].Name);
-    if (source.Has(query_column)) table_.At(row, c) = source.GetText(query_column);
+void OrimDoc::FillParents(const ElementRows& rows) {
+  for (std::size_t row = 1; row <= table_.UpperRow(); ++row) {
+    const std::int32_t parent = rows.ParentId(row);
+    if (const auto parent_row = rows.RowOf(parent)) {
+      table_.Share(row, column::kParent, table_.At(*parent_row, column::kIdentifier));
+      continue;
+    }
+    table_.PutText(row, column::kParent, u"");
+    if (parent != 0) foreign_parents_.emplace(row, parent);
   }
-  table_.At(row, column::kParent) = ParentIdentifier(row, source);
-  table_.At(row, column::kPosition) = source.GetNumber(kTreePos);
-}
-
-Text OrimDoc::ParentIdentifier(std::size_t row, const QueryAnswer::Row& source) {
-  const std::int32_t parent = source.GetNumber(kParentId);
-  if (parent == 0) return {};
-  const auto found = identifier_by_id_.find(parent);
-  if (found != identifier_by_id_.end()) return found->second;
-  foreign_parents_.emplace(row, parent);
-  return {};
 }
 
 void OrimDoc::RequireSoundParents() {
@@ -121,40 +100,18 @@ bool OrimDoc::IsArchived(std::size_t row) {
     archived_.emplace();
     if (trash_id_ != 0) {
       const Text sql = FormatText(LoadSql(sql_text::kPackageContent), {ToText(trash_id_)});
-      const QueryAnswer answer(repository_, sql, {u"Object_ID"});
-      answer.ForEach([this](const QueryAnswer::Row& each) { archived_->insert(each.GetNumber(0)); });
+      for (const std::int32_t id : RowsOf<std::int32_t>(repository_, sql, {u"Object_ID"}, ObjectId))
+        archived_->insert(id);
     }
   }
   return archived_->contains(table_.At(row, column::kKey).ToInt());
 }
 
-OrimDoc::ColumnsByName OrimDoc::TaggedValueColumns() const {
-  ColumnsByName columns;
-  for (std::size_t c = 1; c <= LastColumn(); ++c)
-    if (columns_[c].Place == ImportColumn::Place::kTaggedValue) columns.emplace(columns_[c].Name, c);
-  return columns;
-}
-
-void OrimDoc::FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns) {
-  const auto field = columns.find(source.GetText(kProperty));
-  if (field == columns.end()) return;
-  const std::size_t c = field->second;
-  const auto [first_row, last_row] = rows_by_id_.equal_range(source.GetNumber(kObjectId));
-  for (auto row = first_row; row != last_row; ++row) {
-    Variant& cell = table_.At(row->second, c);
-    if (!cell.IsEmpty()) doubled_.emplace(row->second, c);
-    cell = source.GetText(kValue);
-    if (c == column::kIdentifier && cell.AsText() == orim::kMemoValue)
-      cell = MemoText(source.GetNumber(kObjectId), field->first);
-  }
-}
-
-Variant OrimDoc::StoredValue(std::size_t row, std::size_t column) {
+Cell OrimDoc::StoredValue(std::size_t row, std::size_t column) {
   const ImportColumn& field = columns_[column];
-  const bool is_memo =
-      field.Place == ImportColumn::Place::kTaggedValue && table_.TextAt(row, column) == orim::kMemoValue;
-  if (!is_memo) return table_.At(row, column);
-  return MemoText(table_.At(row, column::kKey).ToInt(), field.Name);
+  const Cell& cell = table_.At(row, column);
+  const bool is_memo = field.Place == ImportColumn::Place::kTaggedValue && cell.AsText() == orim::kMemoValue;
+  return is_memo ? Cell(TextView(MemoText(table_.At(row, column::kKey).ToInt(), field.Name))) : cell;
 }
 
 const Text& OrimDoc::MemoText(std::int32_t element_id, const Text& name) {
@@ -164,9 +121,8 @@ const Text& OrimDoc::MemoText(std::int32_t element_id, const Text& name) {
 
 void OrimDoc::LoadMemoTexts() {
   const Text sql = FormatText(LoadSql(sql_text::kMemoTexts), {PackageIds()});
-  const QueryAnswer answer(repository_, sql, {u"Object_ID", u"Property", u"Notes"});
-  answer.ForEach(
-      [&](const QueryAnswer::Row& row) { memo_texts_[row.GetNumber(0)][row.GetText(1)] = row.GetText(2); });
+  for (Memo& memo : RowsOf<Memo>(repository_, sql, {u"Object_ID", u"Property", u"Notes"}, MemoIn))
+    memo_texts_[memo.ElementId][std::move(memo.Name)] = std::move(memo.Content);
   has_memo_texts_ = true;
 }
 

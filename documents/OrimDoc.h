@@ -7,8 +7,8 @@
 #include <unordered_set>
 
 #include "documents/DataTable.h"
+#include "documents/ElementRows.h"
 #include "documents/ImportColumn.h"
-#include "documents/QueryAnswer.h"
 
 namespace kestrune {
 
@@ -34,7 +34,7 @@ class OrimDoc {
 
   /// The value that the package holds: the cell, or for a tagged value stored as "<memo>" its memo text. The
   /// memo texts of all elements are asked for together, when the first is needed.
-  Variant StoredValue(std::size_t row, std::size_t column);
+  Cell StoredValue(std::size_t row, std::size_t column);
 
   /// Whether the row's element lies in the trash package. The host is asked for all of them together, when the first
   /// is needed.
@@ -47,17 +47,12 @@ class OrimDoc {
   const std::set<std::pair<std::size_t, std::size_t>>& Doubled() const { return doubled_; }
 
  private:
-  using ColumnsByName = std::unordered_map<Text, std::size_t>;
-
-  void FindElements(const QueryAnswer& answer);
-  void FillRow(std::size_t row, const QueryAnswer::Row& source);
-  void FillTaggedValue(const QueryAnswer::Row& source, const ColumnsByName& columns);
-  Text ParentIdentifier(std::size_t row, const QueryAnswer::Row& source);
+  void CompleteIdentifiers();
+  void FillParents(const ElementRows& rows);
   [[noreturn]] void ThrowForeignParent(std::int32_t element_id, std::int32_t parent_id) const;
   /// The element, or nothing where there is none any more.
   orim::Element TryToGet(std::int32_t element_id) const;
   void RequireSoundParents();
-  ColumnsByName TaggedValueColumns() const;
   Text PackageIds() const;
   const Text& MemoText(std::int32_t element_id, const Text& name);
   void LoadMemoTexts();
@@ -65,8 +60,6 @@ class OrimDoc {
   orim::Repository repository_;
   orim::Package package_;
   std::vector<ImportColumn> columns_ = std::vector<ImportColumn>(1);  // numbered as in the table
-  std::unordered_multimap<std::int32_t, std::size_t> rows_by_id_;  // two for an element with two identifiers
-  std::unordered_map<std::int32_t, Text> identifier_by_id_;
   DataTable table_;
   std::unordered_map<std::size_t, std::int32_t> foreign_parents_;  // the parent's id by row
   std::set<std::pair<std::size_t, std::size_t>> doubled_;

@@ -5,17 +5,17 @@ namespace kestrune {
 HierarchyPhase::Place HierarchyPhase::Update(std::size_t n, std::size_t row,
                                              const std::function<Text(const orim::Element&)>& item) {
   const ModuleRow& object = objects_.All()[n];
-  const Text parent = ParentOf(object);
+  const TextView parent = ParentOf(object);
   is_settled_[n] = Settles(n, parent);
   const DataTable& elements = orim_doc_.GetData();
   const bool is_created = index_.IsCreated(row);
   const bool is_loose = is_created || orim_doc_.HasForeignParent(row);
   std::vector<FieldValue> values;
-  if (is_loose || !(parent == elements.At(row, column::kParent))) {
+  if (is_loose || parent != elements.At(row, column::kParent).AsText()) {
     if (!is_settled_[n]) OpenCircle(n, parent);
     values.push_back({column::kParent, parent});
   }
-  const Variant& position = module_.At(object.Row, column::kPosition);
+  const Cell& position = module_.At(object.Row, column::kPosition);
   if (is_created || !(position == elements.At(row, column::kPosition)))
     values.push_back({column::kPosition, position});
   if (values.empty()) return Place::kKept;
@@ -24,22 +24,22 @@ HierarchyPhase::Place HierarchyPhase::Update(std::size_t n, std::size_t row,
   return writer_.Write(moved, std::move(values)).HasAll ? Place::kMoved : Place::kFailed;
 }
 
-Text HierarchyPhase::ParentOf(const ModuleRow& object) const {
+TextView HierarchyPhase::ParentOf(const ModuleRow& object) const {
   const auto row = index_.Find(object.Parent);
-  return row && stuck_in_trash_.contains(*row) ? Text() : object.Parent;
+  return row && stuck_in_trash_.contains(*row) ? TextView() : object.Parent;
 }
 
-bool HierarchyPhase::Settles(std::size_t n, const Text& parent) const {
+bool HierarchyPhase::Settles(std::size_t n, TextView parent) const {
   if (parent.empty()) return true;
   const auto place = objects_.Find(parent);
   return place && *place < n && is_settled_[*place];
 }
 
 // The module has no circle, so that of the elements on the way up at least one is not yet where it will be.
-void HierarchyPhase::OpenCircle(std::size_t n, const Text& parent) {
-  const Text& identifier = objects_.All()[n].Identifier;
+void HierarchyPhase::OpenCircle(std::size_t n, TextView parent) {
+  const TextView identifier = objects_.All()[n].Identifier;
   std::optional<std::size_t> movable;
-  for (Text at = parent; !at.empty(); at = PresentParent(at, n)) {
+  for (TextView at = parent; !at.empty(); at = PresentParent(at, n)) {
     if (at == identifier) {
       const auto row = movable ? index_.Find(objects_.All()[*movable].Identifier) : std::nullopt;
       if (!row) return;
@@ -55,12 +55,12 @@ void HierarchyPhase::OpenCircle(std::size_t n, const Text& parent) {
   }
 }
 
-Text HierarchyPhase::PresentParent(const Text& identifier, std::size_t n) const {
+TextView HierarchyPhase::PresentParent(TextView identifier, std::size_t n) const {
   if (const auto place = objects_.Find(identifier); place && *place < n)
     return ParentOf(objects_.All()[*place]);
   const auto row = index_.Find(identifier);
   if (!row || index_.IsCreated(*row) || taken_out_.contains(identifier)) return {};
-  return orim_doc_.GetData().At(*row, column::kParent).ToText();
+  return orim_doc_.GetData().At(*row, column::kParent).AsText();
 }
 
 }  // namespace kestrune

@@ -33,13 +33,13 @@ class HierarchyPhase {
   Place Update(std::size_t n, std::size_t row, const std::function<Text(const orim::Element&)>& item);
 
  private:
-  Text ParentOf(const ModuleRow& object) const;
+  TextView ParentOf(const ModuleRow& object) const;
   /// Whether the n-th object will lie where nothing above it moves any more.
-  bool Settles(std::size_t n, const Text& parent) const;
+  bool Settles(std::size_t n, TextView parent) const;
   /// Takes an element out of the way that lies above `parent` and would come to lie below it.
-  void OpenCircle(std::size_t n, const Text& parent);
+  void OpenCircle(std::size_t n, TextView parent);
   /// The identifier of the element's parent as the host has it while the n-th object is placed.
-  Text PresentParent(const Text& identifier, std::size_t n) const;
+  TextView PresentParent(TextView identifier, std::size_t n) const;
 
   orim::Repository repository_;
   const DataTable& module_;
@@ -48,8 +48,8 @@ class HierarchyPhase {
   const ElementIndex& index_;
   const std::unordered_set<std::size_t>& stuck_in_trash_;
   ElementFieldWriter& writer_;
-  std::vector<bool> is_settled_;        // by the object's place in All()
-  std::unordered_set<Text> taken_out_;  // identifiers of elements that were put at the top for now
+  std::vector<bool> is_settled_;            // by the object's place in All()
+  std::unordered_set<TextView> taken_out_;  // identifiers of elements that were put at the top for now
 };
 
 }  // namespace kestrune

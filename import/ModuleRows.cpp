@@ -15,23 +15,23 @@ enum class Walk : char { kUnseen, kOnPath, kDone };
 }  // namespace
 
 ModuleRows::ModuleRows(const DataTable& module) {
-  rows_.reserve(module.UpperRow());  // the rows stay where they are: place_ refers to their texts
+  rows_.reserve(module.UpperRow());
   place_.reserve(module.UpperRow());
   for (std::size_t row = 1; row <= module.UpperRow(); ++row) {
-    const Text identifier = module.At(row, column::kIdentifier).ToText();
+    const TextView identifier = module.At(row, column::kIdentifier).AsText();
     if (identifier.empty()) {
       object_warnings_.push_back(FormatResText(text::kNoIdentifier, {module.At(row, column::kKey).ToText()}));
     } else if (place_.contains(identifier)) {
-      object_warnings_.push_back(FormatResText(text::kDoubledInModule, {identifier}));
+      object_warnings_.push_back(FormatResText(text::kDoubledInModule, {Text(identifier)}));
     } else {
-      rows_.push_back({row, identifier, module.At(row, column::kParent).ToText()});
-      place_.emplace(rows_.back().Identifier, rows_.size() - 1);
+      rows_.push_back({row, identifier, module.At(row, column::kParent).AsText()});
+      place_.emplace(identifier, rows_.size() - 1);
     }
   }
   std::vector<std::size_t> parent_of(rows_.size(), kNone);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     parent_of[i] = Find(rows_[i].Parent).value_or(kNone);
-    if (parent_of[i] == kNone) rows_[i].Parent.clear();
+    if (parent_of[i] == kNone) rows_[i].Parent = {};
   }
   CutCircles(parent_of);
 }
@@ -57,8 +57,8 @@ void ModuleRows::CutCircles(const std::vector<std::size_t>& parent_of) {
     if (at != kNone && state[at] == Walk::kOnPath) {
       const auto circle = std::find(path.begin(), path.end(), at);
       ModuleRow& first = rows_[*std::min_element(circle, path.end())];
-      first.Parent.clear();
-      parent_warnings_.push_back(FormatResText(text::kParentCycle, {first.Identifier}));
+      first.Parent = {};
+      parent_warnings_.push_back(FormatResText(text::kParentCycle, {Text(first.Identifier)}));
     }
     for (const std::size_t seen : path) state[seen] = Walk::kDone;
   }

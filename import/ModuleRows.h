@@ -9,10 +9,11 @@
 
 namespace kestrune {
 
+/// Its texts are the table's.
 struct ModuleRow {
   std::size_t Row;  // of the module's table
-  Text Identifier;
-  Text Parent;  // the parent's identifier; "" at the top
+  TextView Identifier;
+  TextView Parent;  // the parent's identifier; "" at the top
 };
 
 /// Objects without an identifier, and all but the first with the same one, are left out; one link of every
@@ -20,9 +21,8 @@ struct ModuleRow {
 /// not there means the top: a table's is not where a view hides it.
 class ModuleRows {
  public:
+  /// `module` must outlive this.
   explicit ModuleRows(const DataTable& module);
-  ModuleRows(const ModuleRows&) = delete;
-  ModuleRows& operator=(const ModuleRows&) = delete;
 
   const std::vector<ModuleRow>& All() const { return rows_; }  // in module order
   /// The place in All() of the object with that identifier, if there is one.
@@ -34,7 +34,7 @@ class ModuleRows {
   void CutCircles(const std::vector<std::size_t>& parent_of);
 
   std::vector<ModuleRow> rows_;
-  std::unordered_map<TextView, std::size_t> place_;  // by the identifiers in rows_
+  std::unordered_map<TextView, std::size_t> place_;  // by identifier
   std::vector<Text> object_warnings_;
   std::vector<Text> parent_warnings_;
 };

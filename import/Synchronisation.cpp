@@ -58,8 +58,8 @@ orim::Package Synchronisation::FindOrMakeTrash() const {
 void Synchronisation::IndexPackage() {
   const DataTable& elements = orim_doc_.GetData();
   for (std::size_t row = 1; row <= elements.UpperRow(); ++row) {
-    const Text identifier = elements.At(row, column::kIdentifier).ToText();
-    if (const auto other_row = index_.Add(identifier, row)) ThrowDoubled(identifier, row, *other_row);
+    const TextView identifier = elements.At(row, column::kIdentifier).AsText();
+    if (const auto other_row = index_.Add(identifier, row)) ThrowDoubled(Text(identifier), row, *other_row);
   }
 }
 
@@ -116,7 +116,7 @@ void Synchronisation::WarnOfDoubledValues() {
 void Synchronisation::CreateElement(const ModuleRow& object) {
   if (writer_.HasFailed(column::kIdentifier)) {
     ++not_made_;
-    return Warn(FormatResText(text::kNotMade, {object.Identifier}));
+    return Warn(FormatResText(text::kNotMade, {Text(object.Identifier)}));
   }
   std::vector<FieldValue> values = {{column::kIdentifier, object.Identifier}};
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c)
@@ -157,8 +157,10 @@ void Synchronisation::RemoveNameless(const orim::Element& element) {
 void Synchronisation::UpdateElement(const ModuleRow& object, std::size_t row) {
   std::vector<FieldValue> values;
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
+    const Cell stored = orim_doc_.StoredValue(row, c);
+    if (c != name_column_ && module_.At(object.Row, c) == stored) continue;
     Variant value = ModuleValue(object, c);
-    if (value == orim_doc_.StoredValue(row, c)) continue;
+    if (value == Variant(stored)) continue;
     if (c == name_column_) WarnOfLongName(object);
     values.push_back({c, std::move(value)});
   }
@@ -236,8 +238,8 @@ Variant Synchronisation::ModuleValue(const ModuleRow& object, std::size_t column
 }
 
 Variant Synchronisation::Converted(const ModuleRow& object, std::size_t column) const {
-  const Variant& value = module_.At(object.Row, column);
-  return value.IsText() && IsRtf(value.AsText()) ? RtfToNotes(repository_, value.AsText()) : value;
+  const Cell& value = module_.At(object.Row, column);
+  return IsRtf(value.AsText()) ? Variant(RtfToNotes(repository_, value.ToText())) : Variant(value);
 }
 
 Text Synchronisation::ModuleName(const ModuleRow& object) const {
@@ -248,7 +250,7 @@ void Synchronisation::WarnOfLongName(const ModuleRow& object) {
   if (name_column_ == 0) return;
   const std::size_t length = ModuleName(object).size();
   if (length > orim::kLongestValue)
-    Warn(FormatResText(text::kNameTooLong, {object.Identifier, Number(length)}));
+    Warn(FormatResText(text::kNameTooLong, {Text(object.Identifier), Number(length)}));
 }
 
 void Synchronisation::ShowItem(int line_id, const Text& name) {

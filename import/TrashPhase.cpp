@@ -65,11 +65,9 @@ void TrashPhase::WarnOfMany(std::size_t living) const {
 }
 
 std::vector<std::int32_t> TrashPhase::ChildrenOf(std::int32_t element_id) const {
-  std::vector<std::int32_t> children;
   const Text sql = FormatText(LoadSql(sql_text::kChildren), {ToText(element_id)});
-  const QueryAnswer answer(repository_, sql, {u"Object_ID"});
-  answer.ForEach([&](const QueryAnswer::Row& row) { children.push_back(row.GetNumber(0)); });
-  return children;
+  return RowsOf<std::int32_t>(repository_, sql, {u"Object_ID"},
+                              [](const QueryRow& row) { return row.GetNumber(0); });
 }
 
 // The children stay in the package when their parent leaves it; the hierarchy phase gives them their new parent.

@@ -5,6 +5,20 @@
 
 namespace kestrune {
 
+namespace {
+
+struct Found {
+  std::int32_t Id;
+  Text Name;
+  bool HasNote;
+};
+
+Found Read(const QueryRow& row) {
+  return {row.GetNumber(0), Text(row.GetText(1)), !row.GetText(2).empty()};
+}
+
+}  // namespace
+
 std::optional<std::int32_t> UnfinishedElements::Take(const Text& name) {
   if (!ids_by_name_) Load();
   const auto found = ids_by_name_->find(name);
@@ -17,10 +31,8 @@ std::optional<std::int32_t> UnfinishedElements::Take(const Text& name) {
 void UnfinishedElements::Load() {
   ids_by_name_.emplace();
   const Text sql = FormatText(LoadSql(sql_text::kUnfinished), {ToText(package_.PackageID())});
-  const QueryAnswer answer(repository_, sql, {u"Object_ID", u"Name", u"Note"});
-  answer.ForEach([this](const QueryAnswer::Row& row) {
-    if (row.GetText(2).empty()) ids_by_name_->emplace(row.GetText(1), row.GetNumber(0));
-  });
+  for (Found& each : RowsOf<Found>(repository_, sql, {u"Object_ID", u"Name", u"Note"}, Read))
+    if (!each.HasNote) ids_by_name_->emplace(std::move(each.Name), each.Id);
 }
 
 }  // namespace kestrune

@@ -151,12 +151,12 @@ void frmImport::DeleteExport() {
 }
 
 void frmImport::CompareForExport(const DataTable& module, const OrimDoc& package) {
-  std::unordered_set<Text> in_module;
+  std::unordered_set<TextView> in_module;
   for (std::size_t row = 1; row <= module.UpperRow(); ++row)
-    in_module.insert(module.At(row, column::kIdentifier).ToText());
+    in_module.insert(module.At(row, column::kIdentifier).AsText());
   const DataTable& elements = package.GetData();
   for (std::size_t row = 1; row <= elements.UpperRow(); ++row) {
-    if (in_module.contains(elements.At(row, column::kIdentifier).ToText())) continue;
+    if (in_module.contains(elements.At(row, column::kIdentifier).AsText())) continue;
     const auto element = repository_.ElementByID(elements.At(row, column::kKey).ToInt());
     Progress(FormatResText(text::kItemNew, {element.Name()}));
   }

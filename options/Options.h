@@ -3,9 +3,9 @@
 #pragma once
 
 #include "doors/Doors.h"
+#include "options/ExportAttributes.h"
 #include "options/LinkSettings.h"
 #include "orim/Repository.h"
-#include "platform/Xml.h"
 
 namespace kestrune {
 
@@ -38,9 +38,9 @@ class Options : public LinkSettings {
   /// Deletes the record of the package, if there is one.
   void Clear(const orim::Package& pkg);
 
-  /// Takes the module's attributes from an export, as TakeAttributes does. False, with nothing changed, for a
-  /// document without an attribute list.
-  bool RefreshDoorsAttributesFromXML(const XmlDocument& d, bool reload_defaults = false);
+  /// Takes the module's attributes from an export that has been read, as TakeAttributes does. False, with nothing
+  /// changed, for one without an attribute list.
+  bool RefreshDoorsAttributesFromXML(const ExportAttributes& d, bool reload_defaults = false);
   /// The same, with an export of the attributes that DOORS is asked for. False, after a message, when DOORS
   /// cannot be reached or fails; a lost connection throws AutomationError.
   bool RefreshDoorsAttributes(const Text& module_path, bool reload_defaults = false);

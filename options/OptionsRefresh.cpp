@@ -1,5 +1,7 @@
 // How Options learns the attributes of the module.
 
+#include <algorithm>
+
 #include "common/Utilities.h"
 #include "options/Options.h"
 #include "platform/Files.h"
@@ -13,15 +15,6 @@ bool IsNameForRules(TextView name) {
   return !Trim(name).empty() && name.find_first_of(kCrLf) == TextView::npos;
 }
 
-std::vector<Text> NamesIn(const XmlNode& attribute_list) {
-  std::vector<Text> names;
-  for (XmlNode each = attribute_list.FirstChild(); each; each = each.NextSibling()) {
-    auto name = each.Attribute(u"Name");
-    if (name && IsNameForRules(*name)) names.push_back(std::move(*name));
-  }
-  return names;
-}
-
 /// The file is DOORS' and in a folder for temporary files; one that cannot be deleted is no concern of the
 /// user's.
 void DeleteExport(const Text& path) {
@@ -31,11 +24,12 @@ void DeleteExport(const Text& path) {
 
 }  // namespace
 
-bool Options::RefreshDoorsAttributesFromXML(const XmlDocument& d, bool reload_defaults) {
-  const XmlNode attribute_list = d.SelectSingleNode(u"DoorsModule/Attributes");
-  if (!attribute_list) return false;
+bool Options::RefreshDoorsAttributesFromXML(const ExportAttributes& d, bool reload_defaults) {
+  if (!d.IsThere()) return false;
   if (reload_defaults) LoadDefault(Package);
-  LostRules = TakeAttributes(NamesIn(attribute_list));
+  std::vector<Text> names;
+  std::ranges::copy_if(d.Names(), std::back_inserter(names), IsNameForRules);
+  LostRules = TakeAttributes(names);
   if (reload_defaults) LostRules.clear();  // a default for an attribute that the module never had
   return true;
 }
@@ -50,8 +44,8 @@ bool Options::RefreshDoorsAttributes(const Text& module_path, bool reload_defaul
   const Text answer = doors_.RunScriptWaiting(dxl_script::kExportModule, parameters);
   if (AsciiUpper(answer.substr(0, 5)) == u"ERROR") return fail(answer);
   if (answer.empty()) return fail(LoadResText(text::kInvalidResponse));
-  XmlDocument d;
-  if (!d.LoadFile(answer)) return fail(CannotReadXml(answer) + u". " + d.ParseError().Reason);
+  ExportAttributes d;
+  if (const auto error = ReadXmlFile(answer, d)) return fail(CannotReadXml(answer) + u". " + error->Reason);
   if (!RefreshDoorsAttributesFromXML(d, reload_defaults)) return fail(LoadResText(text::kInvalidResponse));
   DeleteExport(answer);
   return true;

@@ -80,7 +80,7 @@ std::int32_t Variant::ToInt() const {
   return static_cast<std::int32_t>(value);
 }
 
-Text Variant::ToText() const {
+Text Variant::ToText() const& {
   if (IsEmpty()) return {};
   if (IsText()) return AsText();
   if (IsBool()) return std::get<bool>(value_) ? u"True" : u"False";

@@ -115,7 +115,10 @@ class Variant {
   bool ToBool() const;
   std::int32_t ToInt() const;
   double ToDouble() const;
-  Text ToText() const;
+  Text ToText() const&;
+  Text ToText() && {
+    return IsText() ? std::get<Text>(std::move(value_)) : static_cast<const Variant&>(*this).ToText();
+  }
   Object ToObject() const;
   std::vector<Text> ToTextArray() const;
 

@@ -11,6 +11,8 @@ namespace kestrune {
 namespace {
 
 constexpr char16_t kReplacement = u'\uFFFD';
+constexpr std::size_t kUtf8PerUnit = 3;   // bytes at most
+constexpr std::size_t kExactDigits = 15;  // of a double
 
 bool IsHighSurrogate(char16_t unit) {
   return unit >= 0xD800 && unit <= 0xDBFF;
@@ -27,12 +29,6 @@ bool IsAscii(View text) {
   Unit seen = 0;
   for (const auto unit : text) seen = static_cast<Unit>(seen | static_cast<Unit>(unit));
   return seen < 0x80;
-}
-
-/// Nearly no text has a line feed, and bytes are searched much faster than units: where no
-/// byte is one, no unit is.
-bool HasLineFeed(TextView text) {
-  return std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) && text.find(u'\n') != TextView::npos;
 }
 
 bool IsWellFormed(TextView text) {
@@ -69,22 +65,39 @@ Text Mapped(TextView text, Convert convert) {
 std::string ToUtf8(TextView text) {
   if (IsAscii(text)) return {text.begin(), text.end()};
   if (!IsWellFormed(text)) return ToUtf8(WithoutLoneSurrogates(text));
-  std::string utf8;
-  utf8.reserve(text.size());
-  utf8::unchecked::utf16to8(text.begin(), text.end(), std::back_inserter(utf8));
+  std::string utf8(text.size() * kUtf8PerUnit, '\0');
+  utf8.erase(utf8::unchecked::utf16to8(text.begin(), text.end(), utf8.begin()), utf8.end());
   return utf8;
 }
 
+std::size_t TakeUtf8(TextView& text, char* buffer, std::size_t size) {
+  TextView piece = text.substr(0, size / kUtf8PerUnit);
+  const bool ends_within_pair = piece.size() > 1 && IsHighSurrogate(piece.back());
+  if (ends_within_pair) piece.remove_suffix(1);
+  text.remove_prefix(piece.size());
+  return ToUtf8(piece).copy(buffer, size);
+}
+
 Text FromUtf8(std::string_view utf8) {
-  if (IsAscii(utf8)) return {utf8.begin(), utf8.end()};
-  if (!utf8::is_valid(utf8.begin(), utf8.end())) {
+  Text text;
+  AppendUtf8(text, utf8);
+  return text;
+}
+
+void AppendUtf8(Text& text, std::string_view utf8) {
+  const std::size_t length = text.size();
+  if (IsAscii(utf8)) {
+    text.resize(length + utf8.size());
+    std::copy(utf8.begin(), utf8.end(), text.begin() + static_cast<std::ptrdiff_t>(length));
+  } else if (utf8::is_valid(utf8.begin(), utf8.end())) {
+    text.resize(length + utf8.size());  // never more units than bytes
+    const auto start = text.begin() + static_cast<std::ptrdiff_t>(length);
+    text.erase(utf8::unchecked::utf8to16(utf8.begin(), utf8.end(), start), text.end());
+  } else {
     std::string mended;
     utf8::replace_invalid(utf8.begin(), utf8.end(), std::back_inserter(mended));
-    return FromUtf8(mended);
+    AppendUtf8(text, mended);
   }
-  Text text(utf8.size(), u'\0');  // never more units than bytes
-  text.erase(utf8::unchecked::utf8to16(utf8.begin(), utf8.end(), text.begin()), text.end());
-  return text;
 }
 
 Text ToText(long long number) {
@@ -116,6 +129,12 @@ Text AsciiLower(TextView text) {
   return Mapped(text, [](char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c - u'A' + u'a') : c; });
 }
 
+// Nearly no text has a line feed, and bytes are searched much faster than units: where no
+// byte is one, no unit is.
+bool HasLineFeed(TextView text) {
+  return std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) && text.find(u'\n') != TextView::npos;
+}
+
 Text WidenLineFeeds(Text text) {
   if (!HasLineFeed(text)) return text;
   const auto is_bare = [&text](std::size_t i) {
@@ -134,6 +153,12 @@ Text WidenLineFeeds(Text text) {
 }
 
 double NumericValue(TextView text) {
+  const auto is_digit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
+  if (text.size() <= kExactDigits && std::all_of(text.begin(), text.end(), is_digit)) {  // as nearly always
+    double number = 0;
+    for (const char16_t digit : text) number = number * 10 + (digit - u'0');
+    return number;
+  }
   const std::string utf8 = ToUtf8(Trim(text).substr(0, 64));
   const auto end = utf8.find_first_not_of("+-.0123456789eE");
   return std::strtod(utf8.substr(0, end).c_str(), nullptr);

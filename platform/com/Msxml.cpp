@@ -1,8 +1,12 @@
 #include "platform/com/Msxml.h"
 
+#include "platform/Files.h"
 #include "platform/ResourceStore.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
+#include "platform/com/Failure.h"
+#include "platform/com/Owned.h"
+#include "platform/com/XmlProlog.h"
 
 // These are in no import library.
 extern "C" const IID IID_IXMLDOMDocument2 = {
@@ -78,23 +82,22 @@ XmlParseError AskReader(const VARIANT& source) {
   return handler.Failure;
 }
 
-}  // namespace
-
-ComPtr<IXMLDOMDocument> NewMsxmlDocument() {
-  auto document = Newest<IXMLDOMDocument>(kDocuments, IID_IXMLDOMDocument);
-  if (!document) throw AutomationError(error::kNoSuchClass, u"Kestrune", StoredString(stored::kNoMsxml));
-  document->put_async(VARIANT_FALSE);
-  document->put_validateOnParse(VARIANT_FALSE);
-  document->put_resolveExternals(VARIANT_FALSE);
-  document->put_preserveWhiteSpace(VARIANT_TRUE);
-  if (const auto newer = document.As<IXMLDOMDocument2>(IID_IXMLDOMDocument2)) {
-    SetProperty(*newer.Get(), u"SelectionLanguage", u"XPath");
-    SetProperty(*newer.Get(), u"ProhibitDTD", true);
-    SetProperty(*newer.Get(), u"MaxElementDepth", std::int32_t(0));  // none
-  }
-  return document;
+/// The bytes as an array of VT_UI1.
+ComVariant ByteArray(std::string_view bytes) {
+  OwnedArray array(SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size())));
+  if (!array) throw std::bad_alloc();
+  void* data = nullptr;
+  Require(SafeArrayAccessData(array.get(), &data));
+  const Owned<SAFEARRAY*, SafeArrayUnaccessData> accessed(array.get());
+  std::copy(bytes.begin(), bytes.end(), static_cast<char*>(data));
+  ComVariant value;
+  value.Out()->vt = VT_ARRAY | VT_UI1;
+  value.Out()->parray = array.release();
+  return value;
 }
 
+/// Why `document` has refused `source`, which is a BSTR or an array of bytes. Where the document does not
+/// tell the place, the SAX reader is asked, which is a parser of its own and may know better.
 XmlParseError MsxmlParseError(IXMLDOMDocument& document, const VARIANT& source) {
   XmlParseError failure;
   ComPtr<IXMLDOMParseError> said;
@@ -112,6 +115,59 @@ XmlParseError MsxmlParseError(IXMLDOMDocument& document, const VARIANT& source) 
     if (const XmlParseError better = AskReader(source); better.Line != 0) failure = better;
   if (failure.Code == 0) failure.Code = E_FAIL;
   return failure;
+}
+
+MsxmlOutcome RefusedDtd() {
+  return {{}, {.Code = E_FAIL, .Reason = StoredString(stored::kDtdRefused)}};
+}
+
+MsxmlOutcome Outcome(HRESULT result, VARIANT_BOOL is_loaded, ComPtr<IXMLDOMDocument> document,
+                     const ComVariant& source) {
+  if (result == S_OK && is_loaded) return {std::move(document), {}};
+  return {{}, MsxmlParseError(*document.Get(), source.Get())};
+}
+
+}  // namespace
+
+ComPtr<IXMLDOMDocument> NewMsxmlDocument() {
+  auto document = Newest<IXMLDOMDocument>(kDocuments, IID_IXMLDOMDocument);
+  if (!document) throw AutomationError(error::kNoSuchClass, u"Kestrune", StoredString(stored::kNoMsxml));
+  document->put_async(VARIANT_FALSE);
+  document->put_validateOnParse(VARIANT_FALSE);
+  document->put_resolveExternals(VARIANT_FALSE);
+  document->put_preserveWhiteSpace(VARIANT_TRUE);
+  if (const auto newer = document.As<IXMLDOMDocument2>(IID_IXMLDOMDocument2)) {
+    SetProperty(*newer.Get(), u"SelectionLanguage", u"XPath");
+    SetProperty(*newer.Get(), u"ProhibitDTD", true);
+    SetProperty(*newer.Get(), u"MaxElementDepth", std::int32_t(0));  // none
+  }
+  return document;
+}
+
+// Bytes in memory: reading from a path or a stream is many times slower in some versions.
+MsxmlOutcome LoadMsxmlFile(const Text& path) {
+  if (!IsFile(path)) return {};
+  std::string bytes;
+  try {
+    bytes = ReadFile(path);
+  } catch (const AutomationError&) {
+    return {};
+  }
+  if (XmlProlog<char>(bytes).HasDtd()) return RefusedDtd();
+  const ComVariant source = ByteArray(bytes);
+  auto document = NewMsxmlDocument();
+  VARIANT_BOOL is_loaded = VARIANT_FALSE;
+  const HRESULT result = document->load(source.Get(), &is_loaded);
+  return Outcome(result, is_loaded, std::move(document), source);
+}
+
+MsxmlOutcome LoadMsxmlText(TextView xml) {
+  if (XmlProlog<char16_t>(xml).HasDtd()) return RefusedDtd();
+  const ComVariant source{Variant(xml)};
+  auto document = NewMsxmlDocument();
+  VARIANT_BOOL is_loaded = VARIANT_FALSE;
+  const HRESULT result = document->loadXML(source.Get().bstrVal, &is_loaded);
+  return Outcome(result, is_loaded, std::move(document), source);
 }
 
 }  // namespace kestrune

@@ -13,8 +13,13 @@ namespace kestrune {
 /// AutomationError when the machine has no MSXML.
 ComPtr<IXMLDOMDocument> NewMsxmlDocument();
 
-/// Why `document` has refused `source`, which is a BSTR or an array of bytes. Where the document does not
-/// tell the place, the SAX reader is asked, which is a parser of its own and may know better.
-XmlParseError MsxmlParseError(IXMLDOMDocument& document, const VARIANT& source);
+/// What reading a file or a text into such a document has come to: the document, or nothing and why. Code 0: there is
+/// no such file.
+struct MsxmlOutcome {
+  ComPtr<IXMLDOMDocument> Document;
+  XmlParseError Error;
+};
+MsxmlOutcome LoadMsxmlFile(const Text& path);
+MsxmlOutcome LoadMsxmlText(TextView xml);
 
 }  // namespace kestrune

@@ -1,14 +1,10 @@
-#include "platform/Xml.h"
-
 #include "platform/Automation.h"
-#include "platform/Files.h"
-#include "platform/ResourceStore.h"
+#include "platform/XmlFeed.h"
 #include "platform/com/ComText.h"
 #include "platform/com/ComVariant.h"
 #include "platform/com/Failure.h"
 #include "platform/com/Msxml.h"
-#include "platform/com/Owned.h"
-#include "platform/com/XmlProlog.h"
+#include "platform/com/XmlLite.h"
 
 namespace kestrune {
 
@@ -35,11 +31,6 @@ DOMNodeType TypeOf(IXMLDOMNode* node) {
   DOMNodeType type = NODE_INVALID;
   node->get_nodeType(&type);
   return type;
-}
-
-ComPtr<IXMLDOMNode> ElementFrom(ComPtr<IXMLDOMNode> node) {
-  while (node && TypeOf(node.Get()) != NODE_ELEMENT) node = Take(node.Get(), &IXMLDOMNode::get_nextSibling);
-  return node;
 }
 
 // Not get_text, which trims and folds blanks.
@@ -73,26 +64,76 @@ ComPtr<IXMLDOMNode> AppendTo(IXMLDOMNode* parent, IXMLDOMDocument* document, Tex
   return appended;
 }
 
-/// The bytes as an array of VT_UI1.
-ComVariant ByteArray(std::string_view bytes) {
-  OwnedArray array(SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size())));
-  if (!array) throw std::bad_alloc();
-  void* data = nullptr;
-  Require(SafeArrayAccessData(array.get(), &data));
-  const Owned<SAFEARRAY*, SafeArrayUnaccessData> accessed(array.get());
-  std::copy(bytes.begin(), bytes.end(), static_cast<char*>(data));
-  ComVariant value;
-  value.Out()->vt = VT_ARRAY | VT_UI1;
-  value.Out()->parray = array.release();
-  return value;
+Text LocalName(IXMLDOMNode* node) {
+  Bstr name;
+  Require(node->get_baseName(name.Out()));
+  return Text(name.View());
+}
+
+XmlAttributes AttributesOf(IXMLDOMNode* node) {
+  XmlAttributes attributes;
+  ComPtr<IXMLDOMNamedNodeMap> all;
+  Require(node->get_attributes(all.Out()));
+  ComPtr<IXMLDOMNode> attribute;
+  while (all->nextNode(attribute.Out()) == S_OK) {
+    Bstr prefix;
+    attribute->get_prefix(prefix.Out());
+    Text name = LocalName(attribute.Get());
+    ComVariant value;
+    Require(attribute->get_nodeValue(value.Out()));
+    const bool is_namespace = name == u"xmlns" || prefix.View() == u"xmlns";
+    if (!is_namespace) attributes.emplace_back(std::move(name), FromComVariant(value.Get()).ToText());
+  }
+  return attributes;
+}
+
+/// Hands on the root element and what lies in it; a loop, since documents may nest deeply.
+void Walk(ComPtr<IXMLDOMNode> node, XmlFeed& feed) {
+  for (int depth = 0;;) {
+    const bool is_element = TypeOf(node.Get()) == NODE_ELEMENT;
+    if (is_element)
+      feed.Start(LocalName(node.Get()), AttributesOf(node.Get()));
+    else if (feed.WantsText())
+      AppendText(node.Get(), feed.Content());
+    if (auto child = is_element ? Take(node.Get(), &IXMLDOMNode::get_firstChild) : ComPtr<IXMLDOMNode>()) {
+      node = std::move(child);
+      ++depth;
+      continue;
+    }
+    if (is_element) feed.End();
+    while (depth > 0) {
+      if (auto next = Take(node.Get(), &IXMLDOMNode::get_nextSibling)) {
+        node = std::move(next);
+        break;
+      }
+      node = Take(node.Get(), &IXMLDOMNode::get_parentNode);
+      --depth;
+      feed.End();
+    }
+    if (depth == 0) return;
+  }
+}
+
+std::optional<XmlParseError> HandOn(const MsxmlOutcome& outcome, XmlHandler& handler) {
+  if (!outcome.Document) return outcome.Error;
+  ComPtr<IXMLDOMElement> root;
+  Require(outcome.Document->get_documentElement(root.Out()));
+  XmlFeed feed(handler);
+  Walk(root.As<IXMLDOMNode>(IID_IXMLDOMNode), feed);
+  return std::nullopt;
 }
 
 }  // namespace
 
-Text XmlNode::Name() const {
-  Bstr name;
-  Require(NodeOf(node_)->get_nodeName(name.Out()));
-  return Text(name.View());
+// What the lean reader cannot read the tree may, as one with an encoding that only it knows, or else says why not.
+std::optional<XmlParseError> ReadXmlFile(const Text& path, XmlHandler& handler) {
+  if (ReadWithXmlLite(path, handler)) return std::nullopt;
+  return HandOn(LoadMsxmlFile(path), handler);
+}
+
+std::optional<XmlParseError> ReadXmlText(TextView xml, XmlHandler& handler) {
+  if (ReadTextWithXmlLite(xml, handler)) return std::nullopt;
+  return HandOn(LoadMsxmlText(xml), handler);
 }
 
 Text XmlNode::Content() const {
@@ -101,20 +142,6 @@ Text XmlNode::Content() const {
   for (ComPtr<IXMLDOMNode> node(NodeOf(node_)); (node = Following(std::move(node), depth));)
     AppendText(node.Get(), text);
   return text;
-}
-
-std::optional<Text> XmlNode::Attribute(TextView name) const {
-  const auto element = ComPtr<IXMLDOMNode>(NodeOf(node_)).As<IXMLDOMElement>(IID_IXMLDOMElement);
-  ComVariant value;
-  if (element->getAttribute(Bstr(name).Get(), value.Out()) != S_OK) return std::nullopt;
-  return FromComVariant(value.Get()).ToText();
-}
-
-XmlNode XmlNode::FirstChild() const {
-  return XmlNode(HandleOf(ElementFrom(Take(NodeOf(node_), &IXMLDOMNode::get_firstChild))));
-}
-XmlNode XmlNode::NextSibling() const {
-  return XmlNode(HandleOf(ElementFrom(Take(NodeOf(node_), &IXMLDOMNode::get_nextSibling))));
 }
 
 void XmlNode::SetContent(TextView text) {
@@ -128,42 +155,7 @@ XmlNode XmlNode::AppendElement(TextView name) {
 }
 
 struct XmlDocument::Peer {
-  void Clear() {
-    document = {};
-    error = {};
-  }
-
-  bool LoadBytes(std::string_view bytes) {
-    const ComVariant source = ByteArray(bytes);
-    document = NewMsxmlDocument();
-    VARIANT_BOOL is_loaded = VARIANT_FALSE;
-    const HRESULT result = document->load(source.Get(), &is_loaded);
-    return Check(result == S_OK && is_loaded, source);
-  }
-
-  bool LoadText(TextView xml) {
-    const ComVariant source{Variant(xml)};
-    document = NewMsxmlDocument();
-    VARIANT_BOOL is_loaded = VARIANT_FALSE;
-    const HRESULT result = document->loadXML(source.Get().bstrVal, &is_loaded);
-    return Check(result == S_OK && is_loaded, source);
-  }
-
-  bool Check(bool is_loaded, const ComVariant& source) {
-    if (is_loaded) return true;
-    error = MsxmlParseError(*document.Get(), source.Get());
-    document = {};
-    return false;
-  }
-
-  bool Refuse(Text why) {
-    error.Code = E_FAIL;
-    error.Reason = std::move(why);
-    return false;
-  }
-
   ComPtr<IXMLDOMDocument> document;
-  XmlParseError error;
 };
 
 XmlDocument::XmlDocument() : peer_(std::make_unique<Peer>()) {}
@@ -171,49 +163,18 @@ XmlDocument::~XmlDocument() = default;
 XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
-// Bytes in memory: reading from a path or a stream is many times slower in some versions.
 bool XmlDocument::LoadFile(const Text& path) {
-  peer_->Clear();
-  if (!IsFile(path)) return false;
-  std::string bytes;
-  try {
-    bytes = ReadFile(path);
-  } catch (const AutomationError&) {
-    return false;
-  }
-  if (XmlProlog<char>(bytes).HasDtd()) return peer_->Refuse(StoredString(stored::kDtdRefused));
-  return peer_->LoadBytes(bytes);
-}
-
-bool XmlDocument::LoadText(TextView xml) {
-  peer_->Clear();
-  if (XmlProlog<char16_t>(xml).HasDtd()) return peer_->Refuse(StoredString(stored::kDtdRefused));
-  return peer_->LoadText(xml);
-}
-
-const XmlParseError& XmlDocument::ParseError() const {
-  return peer_->error;
+  peer_->document = LoadMsxmlFile(path).Document;
+  return static_cast<bool>(peer_->document);
 }
 
 XmlNode XmlDocument::SelectSingleNode(TextView xpath) const {
-  const auto found = SelectNodes(xpath);
-  return found.empty() ? XmlNode() : found.front();
-}
-
-std::vector<XmlNode> XmlDocument::SelectNodes(TextView xpath) const {
-  std::vector<XmlNode> nodes;
-  if (!peer_->document) return nodes;
-  ComPtr<IXMLDOMNodeList> found;
-  if (FAILED(peer_->document->selectNodes(Bstr(xpath).Get(), found.Out())) || !found) {
-    throw AutomationError(error::kTypeMismatch, u"XmlDocument", Text(u"Not an XPath: ").append(xpath));
-  }
-  ComPtr<IXMLDOMNode> node;
-  while (found->nextNode(node.Out()) == S_OK) nodes.push_back(XmlNode(HandleOf(std::move(node))));
-  return nodes;
+  ComPtr<IXMLDOMNode> found;
+  if (peer_->document) peer_->document->selectSingleNode(Bstr(xpath).Get(), found.Out());
+  return XmlNode(HandleOf(std::move(found)));
 }
 
 XmlNode XmlDocument::AppendRoot(TextView name) {
-  peer_->Clear();
   peer_->document = NewMsxmlDocument();
   IXMLDOMDocument* document = peer_->document.Get();
   ComPtr<IXMLDOMProcessingInstruction> declaration;

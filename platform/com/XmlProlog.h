@@ -3,6 +3,7 @@
 // the entities are expanded.
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 
 namespace kestrune {
@@ -14,19 +15,31 @@ class XmlProlog {
  public:
   explicit XmlProlog(std::basic_string_view<Unit> xml) : xml_(xml) {}
 
-  bool HasDtd() {
+  bool HasDtd() { return SkipToMarkup() && Take("!DOCTYPE"); }
+
+  /// The root element's name, with its prefix; "" where none can be found.
+  std::basic_string_view<Unit> RootName() {
+    if (!SkipToMarkup()) return {};
+    const auto name = xml_.substr(at_);
+    const auto length = std::find_if(name.begin(), name.end(), EndsName) - name.begin();
+    return static_cast<std::size_t>(length) == name.size() ? name.substr(0, 0) : name.substr(0, length);
+  }
+
+ private:
+  static bool EndsName(Unit unit) { return unit <= ' ' || unit == '>' || unit == '/'; }
+
+  /// Past the first "<" that begins neither an instruction nor a comment.
+  bool SkipToMarkup() {
     while (SkipPast("<")) {
       if (Take("?"))
         SkipPast("?>");
       else if (Take("!--"))
         SkipPast("-->");
       else
-        return Take("!DOCTYPE");
+        return true;
     }
     return false;
   }
-
- private:
   bool Take(std::string_view ascii) {
     std::size_t at = at_;
     for (const char wanted : ascii) {

@@ -1,20 +1,21 @@
 #include <cstdio>
+#include <exception>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xpath.h>
+#include <unordered_map>
 
 #include "platform/Automation.h"
 #include "platform/Files.h"
 #include "platform/ResourceStore.h"
-#include "platform/Xml.h"
+#include "platform/XmlFeed.h"
 
 namespace kestrune {
 
 namespace {
 
 constexpr int kOptions = XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_COMPACT | XML_PARSE_NOCDATA |
-                         XML_PARSE_BIG_LINES | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
-constexpr std::size_t kUtf8PerUnit = 3;  // bytes at most
+                         XML_PARSE_NOENT | XML_PARSE_BIG_LINES | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
 
 xmlNode* NodeOf(const std::shared_ptr<void>& node) {
   return static_cast<xmlNode*>(node.get());
@@ -28,11 +29,6 @@ const xmlChar* Bytes(const std::string& utf8) {
 }
 std::string_view View(const xmlChar* utf8) {
   return utf8 ? reinterpret_cast<const char*>(utf8) : "";
-}
-
-xmlNode* ElementFrom(xmlNode* node) {
-  while (node && node->type != XML_ELEMENT_NODE) node = node->next;
-  return node;
 }
 
 bool IsOneText(const xmlNode* node) {
@@ -50,23 +46,85 @@ struct XmlFreer {
 template <typename T>
 using Owned = std::unique_ptr<T, XmlFreer>;
 
-void RefuseDtd(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
-  auto* context = static_cast<xmlParserCtxt*>(parser);
-  context->_private = context;  // what it was stopped for
-  xmlStopParser(context);
-  context->wellFormed = 0;
+/// What a parser is used for.
+struct Reading {
+  XmlFeed* Feed = nullptr;                              // none: a tree is made
+  std::unordered_map<const xmlChar*, Text> Names = {};  // the parser keeps each name once, at one place
+  XmlAttributes Attributes = {};
+  std::exception_ptr Failure = {};
+  bool HasDtd = false;
+};
+
+Reading& ReadingOf(void* parser) {
+  return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(parser)->_private);
 }
 
-Owned<xmlParserCtxt> NewParser() {
+void Stop(void* parser) {
+  xmlStopParser(static_cast<xmlParserCtxt*>(parser));
+  static_cast<xmlParserCtxt*>(parser)->wellFormed = 0;
+}
+
+/// No exception may cross the parser's own frames.
+template <typename Work>
+void Guarded(void* parser, Work work) {
+  Reading& reading = ReadingOf(parser);
+  try {
+    work(reading, *reading.Feed);
+  } catch (...) {
+    reading.Failure = std::current_exception();
+    Stop(parser);
+  }
+}
+
+void RefuseDtd(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
+  ReadingOf(parser).HasDtd = true;
+  Stop(parser);
+}
+
+/// `attributes` are five pointers each: name, prefix, name space, begin and end of the value.
+void StartElement(void* parser, const xmlChar* name, const xmlChar*, const xmlChar*, int, const xmlChar**,
+                  int count, int, const xmlChar** attributes) {
+  Guarded(parser, [&](Reading& reading, XmlFeed& feed) {
+    auto& known = reading.Names[name];
+    if (known.empty()) known = FromUtf8(View(name));
+    reading.Attributes.clear();
+    for (const xmlChar** each = attributes; each < attributes + 5 * count; each += 5) {
+      const auto* begin = reinterpret_cast<const char*>(each[3]);
+      const auto* end = reinterpret_cast<const char*>(each[4]);
+      reading.Attributes.emplace_back(FromUtf8(View(each[0])), FromUtf8({begin, end}));
+    }
+    feed.Start(known, reading.Attributes);
+  });
+}
+
+void Characters(void* parser, const xmlChar* text, int length) {
+  Guarded(parser, [&](Reading&, XmlFeed& feed) {
+    if (feed.WantsText())
+      AppendUtf8(feed.Content(), {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
+  });
+}
+
+void EndElement(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
+  Guarded(parser, [](Reading&, XmlFeed& feed) { feed.End(); });
+}
+
+Owned<xmlParserCtxt> NewParser(Reading& reading) {
   Owned<xmlParserCtxt> parser(xmlNewParserCtxt());
   if (!parser) throw std::bad_alloc();
+  parser->_private = &reading;
   parser->sax->internalSubset = RefuseDtd;
+  if (!reading.Feed) return parser;
+  parser->sax->startElementNs = StartElement;
+  parser->sax->endElementNs = EndElement;
+  parser->sax->characters = parser->sax->ignorableWhitespace = Characters;
+  parser->sax->comment = nullptr;
+  parser->sax->processingInstruction = nullptr;
   return parser;
 }
 
 XmlParseError ErrorOf(xmlParserCtxt* parser) {
   XmlParseError error;
-  if (parser->_private) {
+  if (ReadingOf(parser).HasDtd) {
     error.Reason = StoredString(stored::kDtdRefused);
     error.Code = XML_ERR_USER_STOP;
   } else {
@@ -85,21 +143,53 @@ int ReadChunk(void* file, char* buffer, int size) {
   return std::ferror(stream) ? -1 : static_cast<int>(count);
 }
 
-/// Hands on a text as UTF-8, piece by piece: a query's answer may be so large that a
-/// second copy would be felt.
-int ReadFromText(void* unread, char* buffer, int size) {
-  auto& rest = *static_cast<TextView*>(unread);
-  TextView piece = rest.substr(0, static_cast<std::size_t>(size) / kUtf8PerUnit);
-  const bool ends_within_pair = piece.size() > 1 && (piece.back() & 0xFC00) == 0xD800;
-  if (ends_within_pair) piece.remove_suffix(1);
-  rest.remove_prefix(piece.size());
-  return static_cast<int>(ToUtf8(piece).copy(buffer, static_cast<std::size_t>(size)));
+using ReadBytes = int (*)(void* source, char* buffer, int size);
+
+/// The document, without any content where a feed has been given that; nothing and why, when it cannot be read.
+struct Outcome {
+  xmlDoc* Document;
+  XmlParseError Error;
+};
+
+Outcome Parse(Reading& reading, ReadBytes read, void* source, const char* encoding) {
+  const auto parser = NewParser(reading);
+  xmlDoc* document = xmlCtxtReadIO(parser.get(), read, nullptr, source, nullptr, encoding, kOptions);
+  if (reading.Failure) std::rethrow_exception(reading.Failure);
+  return document ? Outcome{document, {}} : Outcome{nullptr, ErrorOf(parser.get())};
+}
+
+/// Nothing and code 0 when there is no such file.
+Outcome ParseFile(const Text& path, Reading& reading) {
+  const Owned<std::FILE> file(IsFile(path) ? std::fopen(ToUtf8(path).c_str(), "rb") : nullptr);
+  return file ? Parse(reading, ReadChunk, file.get(), nullptr) : Outcome{};
+}
+
+Outcome ParseText(TextView xml, Reading& reading) {
+  const ReadBytes read = [](void* unread, char* buffer, int size) {
+    return static_cast<int>(
+        TakeUtf8(*static_cast<TextView*>(unread), buffer, static_cast<std::size_t>(size)));
+  };
+  return Parse(reading, read, &xml, "UTF-8");
+}
+
+std::optional<XmlParseError> WhyNot(const Outcome& outcome) {
+  if (!outcome.Document) return outcome.Error;
+  xmlFreeDoc(outcome.Document);
+  return std::nullopt;
 }
 
 }  // namespace
 
-Text XmlNode::Name() const {
-  return FromUtf8(View(NodeOf(node_)->name));
+std::optional<XmlParseError> ReadXmlFile(const Text& path, XmlHandler& handler) {
+  XmlFeed feed(handler);
+  Reading reading{&feed};
+  return WhyNot(ParseFile(path, reading));
+}
+
+std::optional<XmlParseError> ReadXmlText(TextView xml, XmlHandler& handler) {
+  XmlFeed feed(handler);
+  Reading reading{&feed};
+  return WhyNot(ParseText(xml, reading));
 }
 
 Text XmlNode::Content() const {
@@ -107,19 +197,6 @@ Text XmlNode::Content() const {
   if (!node->children) return {};
   if (IsOneText(node)) return FromUtf8(View(node->children->content));
   return FromUtf8(View(Owned<xmlChar>(xmlNodeGetContent(node)).get()));
-}
-
-std::optional<Text> XmlNode::Attribute(TextView name) const {
-  const Owned<xmlChar> value(xmlGetProp(NodeOf(node_), Bytes(ToUtf8(name))));
-  if (!value) return std::nullopt;
-  return FromUtf8(View(value.get()));
-}
-
-XmlNode XmlNode::FirstChild() const {
-  return XmlNode(HandleOf(ElementFrom(NodeOf(node_)->children)));
-}
-XmlNode XmlNode::NextSibling() const {
-  return XmlNode(HandleOf(ElementFrom(NodeOf(node_)->next)));
 }
 
 void XmlNode::SetContent(TextView text) {
@@ -134,36 +211,14 @@ XmlNode XmlNode::AppendElement(TextView name) {
 }
 
 struct XmlDocument::Peer {
-  ~Peer() { Clear(); }
+  ~Peer() { Take(nullptr); }
 
-  void Clear() {
+  void Take(xmlDoc* other) {
     xmlFreeDoc(document);
-    document = nullptr;
-    error = {};
-  }
-
-  bool Take(xmlParserCtxt* parser, xmlDoc* parsed) {
-    document = parsed;
-    if (!document) error = ErrorOf(parser);
-    return document != nullptr;
-  }
-
-  std::vector<xmlNode*> Find(TextView xpath) const {
-    if (!document) return {};
-    const Owned<xmlXPathContext> context(xmlXPathNewContext(document));
-    context->node = reinterpret_cast<xmlNode*>(document);
-    context->error = [](void*, xmlError*) {};  // thrown below, not printed
-    const Owned<xmlXPathObject> found(xmlXPathEvalExpression(Bytes(ToUtf8(xpath)), context.get()));
-    if (!found) {
-      throw AutomationError(error::kTypeMismatch, u"XmlDocument", Text(u"Not an XPath: ").append(xpath));
-    }
-    const xmlNodeSet* nodes = found->nodesetval;
-    if (!nodes) return {};
-    return {nodes->nodeTab, nodes->nodeTab + nodes->nodeNr};
+    document = other;
   }
 
   xmlDoc* document = nullptr;
-  XmlParseError error;
 };
 
 XmlDocument::XmlDocument() : peer_(std::make_unique<Peer>()) {}
@@ -172,41 +227,22 @@ XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 bool XmlDocument::LoadFile(const Text& path) {
-  peer_->Clear();
-  if (!IsFile(path)) return false;
-  const Owned<std::FILE> file(std::fopen(ToUtf8(path).c_str(), "rb"));
-  if (!file) return false;
-  const auto parser = NewParser();
-  return peer_->Take(parser.get(),
-                     xmlCtxtReadIO(parser.get(), ReadChunk, nullptr, file.get(), nullptr, nullptr, kOptions));
-}
-
-bool XmlDocument::LoadText(TextView xml) {
-  peer_->Clear();
-  TextView unread = xml;
-  const auto parser = NewParser();
-  return peer_->Take(parser.get(),
-                     xmlCtxtReadIO(parser.get(), ReadFromText, nullptr, &unread, nullptr, "UTF-8", kOptions));
-}
-
-const XmlParseError& XmlDocument::ParseError() const {
-  return peer_->error;
+  Reading reading;
+  peer_->Take(ParseFile(path, reading).Document);
+  return peer_->document != nullptr;
 }
 
 XmlNode XmlDocument::SelectSingleNode(TextView xpath) const {
-  const auto found = peer_->Find(xpath);
-  return found.empty() ? XmlNode() : XmlNode(HandleOf(found.front()));
-}
-
-std::vector<XmlNode> XmlDocument::SelectNodes(TextView xpath) const {
-  std::vector<XmlNode> nodes;
-  for (xmlNode* node : peer_->Find(xpath)) nodes.push_back(XmlNode(HandleOf(node)));
-  return nodes;
+  if (!peer_->document) return {};
+  const Owned<xmlXPathContext> context(xmlXPathNewContext(peer_->document));
+  context->node = reinterpret_cast<xmlNode*>(peer_->document);
+  const Owned<xmlXPathObject> found(xmlXPathEvalExpression(Bytes(ToUtf8(xpath)), context.get()));
+  const bool has_node = found && !xmlXPathNodeSetIsEmpty(found->nodesetval);
+  return has_node ? XmlNode(HandleOf(found->nodesetval->nodeTab[0])) : XmlNode();
 }
 
 XmlNode XmlDocument::AppendRoot(TextView name) {
-  peer_->Clear();
-  peer_->document = xmlNewDoc(nullptr);
+  peer_->Take(xmlNewDoc(nullptr));
   xmlNode* root = xmlNewDocNode(peer_->document, nullptr, Bytes(ToUtf8(name)), nullptr);
   xmlDocSetRootElement(peer_->document, root);
   return XmlNode(HandleOf(root));

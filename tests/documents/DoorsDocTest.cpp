@@ -82,14 +82,14 @@ TEST_F(DoorsDocTest, FindsAttributesWhateverTheirNames) {
              "</Object></Objects>",
              {"say &quot;hi&quot; to 'me'", "a [b] --&gt; c", "]", "&lt;&amp;&gt;", "Object Text"}));
   for (std::size_t i = 0; i < 4; ++i)
-    EXPECT_EQ(table.At(1, 5 + i), ToText(static_cast<int>(i) + 1)) << ToUtf8(names[i]);
-  EXPECT_EQ(table.At(1, 9), u"own text") << "of two attributes with one name the first is meant";
+    EXPECT_EQ(table.At(1, 5 + i).ToText(), ToText(static_cast<int>(i) + 1)) << ToUtf8(names[i]);
+  EXPECT_EQ(table.At(1, 9).ToText(), u"own text") << "of two attributes with one name the first is meant";
 }
 
 TEST_F(DoorsDocTest, ControlCharactersAreCleanedAwayOnce) {
   const std::string value = std::string("R1\f") + '\0' + '\x1f';
   const std::string dirty = Export("<Objects><Object><a1>" + value + "</a1></Object></Objects>");
-  EXPECT_EQ(Load(dirty).At(1, 1), u"R1");
+  EXPECT_EQ(Load(dirty).At(1, 1).ToText(), u"R1");
   const auto output = Output();
   ASSERT_EQ(output.size(), 3u);
   EXPECT_TRUE(output[0].starts_with(u"XML Error detected - " + path + u" - ")) << ToUtf8(output[0]);
@@ -137,7 +137,7 @@ TEST_F(DoorsDocTest, AValueOf100Megabytes) {
   const std::size_t size = 100'000'000;
   const DataTable& table =
       Load(Export("<Objects><Object><a1>R1</a1><a4>" + std::string(size, 'x') + "</a4></Object></Objects>"));
-  EXPECT_EQ(table.TextAt(1, 5).size(), size);
+  EXPECT_EQ(table.At(1, 5).AsText().size(), size);
 }
 
 }  // namespace

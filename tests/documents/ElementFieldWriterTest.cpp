@@ -26,7 +26,7 @@ struct FieldWriterTest : ::testing::Test, TestHost {
       doc.AddField(ColumnOf(*ParseRule(rule)));
     doc.Load();
     for (std::size_t row = 1; row <= doc.GetData().UpperRow(); ++row)
-      index.Add(doc.GetData().At(row, 1).ToText(), row);
+      index.Add(doc.GetData().At(row, 1).AsText(), row);
   }
   WriteResult Write(ElementFieldWriter& by, std::vector<FieldValue> values) {
     WrittenElement first{Fresh(), 1, u"First"};

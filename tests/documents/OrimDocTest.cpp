@@ -65,9 +65,7 @@ TEST_F(OrimDocTest, ReadsTheSameUnderEverySpelling) {
   child.Save();
   for (const auto spelling : {ColumnSpelling::kAsWritten, ColumnSpelling::kUpper, ColumnSpelling::kLower}) {
     model.SetColumnSpelling(spelling);
-    OrimDoc fresh = doc;
-    fresh.Load();
-    const DataTable& table = fresh.GetData();
+    const DataTable& table = Load();
     ASSERT_EQ(table.UpperRow(), 2u);
     const Variant expected[2][6] = {{parent.ElementID(), u"R1", {}, u"", 0, u"Ann"},
                                     {child.ElementID(), u"R2", {}, u"R1", 20, {}}};
@@ -75,7 +73,7 @@ TEST_F(OrimDocTest, ReadsTheSameUnderEverySpelling) {
       for (std::size_t c = 0; c < 6; ++c)
         EXPECT_EQ(table.At(row, c), expected[row - 1][c]) << row << ", " << c;
     for (std::size_t i = 0; i < std::size(fields); ++i)
-      EXPECT_EQ(table.At(2, 6 + i), fields[i].read) << ToUtf8(fields[i].field);
+      EXPECT_EQ(table.At(2, 6 + i).ToText(), fields[i].read) << ToUtf8(fields[i].field);
     EXPECT_EQ(table.At(1, 6), Variant()) << "notes that nobody wrote";
   }
 }
@@ -96,8 +94,8 @@ TEST_F(OrimDocTest, CoversThePackageAndItsTrashOnly) {
   add_to(Package(), u"R3");
   const DataTable& table = Load();
   ASSERT_EQ(table.UpperRow(), 2u);
-  EXPECT_EQ(table.At(1, 1), u"R2");
-  EXPECT_EQ(table.At(2, 1), u"R3");
+  EXPECT_EQ(table.At(1, 1).ToText(), u"R2");
+  EXPECT_EQ(table.At(2, 1).ToText(), u"R3");
 }
 
 TEST_F(OrimDocTest, AnElementBelowOneThatWasNotImportedIsNamed) {
@@ -123,13 +121,13 @@ TEST_F(OrimDocTest, MemoTextsAreAskedForTogetherWhenOneIsNeeded) {
   }
   Load();
   model.Counters().Reset();
-  EXPECT_EQ(doc.StoredValue(1, 6), u"<memo>") << "only tagged values have memos";
+  EXPECT_EQ(doc.StoredValue(1, 6).ToText(), u"<memo>") << "only tagged values have memos";
   EXPECT_EQ(model.Counters().Calls(), 0);
-  EXPECT_EQ(doc.StoredValue(2, 5), u"long text of\r\nR2");
+  EXPECT_EQ(doc.StoredValue(2, 5).ToText(), u"long text of\r\nR2");
   const auto calls = model.Counters().Calls();
-  EXPECT_EQ(doc.StoredValue(3, 5), u"long text of\r\nR3");
+  EXPECT_EQ(doc.StoredValue(3, 5).ToText(), u"long text of\r\nR3");
   EXPECT_EQ(model.Counters().Calls(), calls);
-  EXPECT_EQ(doc.GetData().At(1, 5), u"<memo>") << "the table holds what the value column holds";
+  EXPECT_EQ(doc.GetData().At(1, 5).ToText(), u"<memo>") << "the table holds what the value column holds";
 }
 
 /// A host whose answer to a query is given.
@@ -141,29 +139,27 @@ struct FixedAnswer : Dispatch {
 
 TEST(QueryAnswerTest, AnswersThatAreNotAsExpected) {
   const auto rows_of = [](Text xml) {
-    int rows = 0;
     const orim::Repository host(Object(std::make_shared<FixedAnswer>(std::move(xml))));
-    QueryAnswer(host, u"", {u"Object_ID"}).ForEach([&](const QueryAnswer::Row&) { ++rows; });
-    return rows;
+    return RowsOf<int>(host, u"", {u"Object_ID"}, [](const QueryRow&) { return 0; }).size();
   };
-  EXPECT_EQ(rows_of(u""), 0);
-  EXPECT_EQ(rows_of(u"<ORIMDATA/>"), 0);
-  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data/></Dataset_0></ORIMDATA>"), 0);
-  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data><Row/><Other/></Data></Dataset_0></ORIMDATA>"), 1);
+  EXPECT_EQ(rows_of(u""), 0u);
+  EXPECT_EQ(rows_of(u"<ORIMDATA/>"), 0u);
+  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data/></Dataset_0></ORIMDATA>"), 0u);
+  EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data><Row/><Other/></Data></Dataset_0></ORIMDATA>"), 1u);
   EXPECT_THROW(rows_of(u"<ORIMDATA><Dataset_0><Data><Row>"), AutomationError)
       << "a cut-off answer is no empty package";
 }
 
 TEST(QueryAnswerTest, TheQuerysOwnSpellingWins) {
-  const orim::Repository host(
-      Object(std::make_shared<FixedAnswer>(u"<ORIMDATA><Dataset_0><Data><Row><value>low</value><Value>own</"
-                                           u"Value><VALUE>up</VALUE></Row></Data></Dataset_0>"
-                                           u"</ORIMDATA>")));
-  QueryAnswer(host, u"", {u"Value", u"None"}).ForEach([](const QueryAnswer::Row& row) {
-    EXPECT_EQ(row.GetText(0), u"own");
+  const orim::Repository host(Object(std::make_shared<FixedAnswer>(
+      u"<ORIMDATA><Dataset_0><Data><Row><value>low</value><Value>own</Value><VALUE>up</VALUE></Row>"
+      u"<Row><value>low</value><VALUE>up</VALUE></Row><Row/></Data></Dataset_0></ORIMDATA>")));
+  const auto values = RowsOf<Text>(host, u"", {u"Value", u"None"}, [](const QueryRow& row) {
     EXPECT_FALSE(row.Has(1));
     EXPECT_EQ(row.GetNumber(1), 0);
+    return Text(row.GetText(0));
   });
+  EXPECT_EQ(values, (std::vector<Text>{u"own", u"up", u""}));
 }
 
 }  // namespace

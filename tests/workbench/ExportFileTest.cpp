@@ -1,4 +1,5 @@
 // The file that the export script writes.
+#include "tests/support/XmlGroups.h"
 #include "tests/workbench/ScriptBench.h"
 
 namespace kestrune {
@@ -6,6 +7,9 @@ namespace {
 
 using testing::DoorsModule;
 using testing::ScriptBench;
+using testing::XmlGroup;
+using testing::XmlGroups;
+using testing::XmlLeaf;
 
 const std::vector<Text> kFixedAttributes = {
     u"Absolute Number",  u"Object Identifier", u"Object Number", u"Object Level",
@@ -14,26 +18,30 @@ const std::vector<Text> kFixedAttributes = {
 
 class ExportFile : public ScriptBench {
  protected:
-  XmlDocument Export(const Text& parameter) {
-    const Text path = Answer(dxl_script::kExportModule, parameter);
-    XmlDocument document;
-    EXPECT_TRUE(document.LoadFile(path)) << ToUtf8(path);
-    return document;
-  }
+  Text Export(const Text& parameter) { return Answer(dxl_script::kExportModule, parameter); }
 
-  static std::vector<Text> AttributeNames(const XmlDocument& document) {
+  static std::vector<Text> AttributeNames(const Text& file) {
     std::vector<Text> names;
-    for (const XmlNode& node : document.SelectNodes(u"/DoorsModule/Attributes/Attribute")) {
-      EXPECT_EQ(node.Attribute(u"ID"), ToText(static_cast<long long>(names.size())));
-      names.push_back(node.Attribute(u"Name").value_or(u"(none)"));
+    const auto lists = XmlGroups::InFile(file, u"DoorsModule/Attributes");
+    for (const XmlLeaf& attribute : lists.at(0)) {
+      const XmlAttributes expected = {{u"Name", attribute.attributes.at(0).second},
+                                      {u"ID", ToText(static_cast<long long>(names.size()))}};
+      EXPECT_EQ(attribute.attributes, expected);
+      names.push_back(expected[0].second);
     }
     return names;
   }
+  static std::vector<XmlGroup> ObjectsIn(const Text& file) {
+    return XmlGroups::InFile(file, u"DoorsModule/Objects/Object");
+  }
+  static bool HasObjects(const Text& file) {
+    return !XmlGroups::InFile(file, u"DoorsModule/Objects").empty();
+  }
 
   /// The objects of the file: number, "<" and the parent where there is one.
-  static std::string Objects(const XmlDocument& document) {
+  static std::string Objects(const Text& file) {
     std::string text;
-    for (const XmlNode& object : document.SelectNodes(u"/DoorsModule/Objects/Object")) {
+    for (const XmlGroup& object : ObjectsIn(file)) {
       if (!text.empty()) text += ' ';
       text += ToUtf8(ValueOf(object, u"a0"));
       if (const Text parent = ValueOf(object, u"a10"); !parent.empty()) text += "<" + ToUtf8(parent);
@@ -41,26 +49,26 @@ class ExportFile : public ScriptBench {
     return text;
   }
 
-  static Text ValueOf(const XmlNode& object, TextView name) {
-    for (XmlNode value = object.FirstChild(); value; value = value.NextSibling())
-      if (value.Name() == name) return value.Content();
+  static Text ValueOf(const XmlGroup& object, TextView name) {
+    for (const XmlLeaf& value : object)
+      if (value.name == name) return value.content;
     return {};
   }
 };
 
 TEST_F(ExportFile, ListsTheFixedAttributesAndThenTheModulesOwn) {
   const DoorsModule bare(database, u"Bare");
-  const XmlDocument without_any = Export(bare.Path() + u"~0~~");
+  const Text without_any = Export(bare.Path() + u"~0~~");
   EXPECT_EQ(AttributeNames(without_any), kFixedAttributes);
-  EXPECT_TRUE(without_any.SelectSingleNode(u"/DoorsModule/Objects"));
+  EXPECT_TRUE(HasObjects(without_any));
   EXPECT_EQ(Objects(without_any), "");
 
   auto names = kFixedAttributes;
   names.insert(names.end(), {u"Status", u"Text with \"quotes\" & <signs>"});
   EXPECT_EQ(AttributeNames(Export(u"/P/M~0~~")), names);
-  const XmlDocument attributes_only = Export(u"/P/M~1~~");
+  const Text attributes_only = Export(u"/P/M~1~~");
   EXPECT_EQ(AttributeNames(attributes_only), names);
-  EXPECT_FALSE(attributes_only.SelectSingleNode(u"/DoorsModule/Objects"));
+  EXPECT_FALSE(HasObjects(attributes_only));
 }
 
 TEST_F(ExportFile, LeavesOutWhatIsDeletedOrUnreadableWhateverTheWindowShows) {
@@ -86,14 +94,13 @@ TEST_F(ExportFile, WritesTheValuesThatAnObjectHasAndNoOthers) {
       "a0=5 a1=R5 a2=1-0.2.1 a3=3 a4=brace { and \\ a11=brace \\{ and \\\\ a12=Open",
       "a0=6 a1=R6 a2=0.1 a3=1",
   };
-  const XmlDocument document = Export(u"/P/M~0~~");
-  XmlNode object = document.SelectSingleNode(u"/DoorsModule/Objects").FirstChild();
-  for (const std::string& line : expected) {
+  const auto objects = ObjectsIn(Export(u"/P/M~0~~"));
+  ASSERT_GE(objects.size(), std::size(expected));
+  for (std::size_t i = 0; i < std::size(expected); ++i) {
     std::string values;
-    for (XmlNode value = object.FirstChild(); value; value = value.NextSibling())
-      values += (values.empty() ? "" : " ") + ToUtf8(value.Name()) + "=" + ToUtf8(value.Content());
-    EXPECT_EQ(values, line);
-    object = object.NextSibling();
+    for (const XmlLeaf& value : objects[i])
+      values += (values.empty() ? "" : " ") + ToUtf8(value.name) + "=" + ToUtf8(value.content);
+    EXPECT_EQ(values, expected[i]);
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include "common/Resources.h"
 #include "platform/Files.h"
-#include "platform/Xml.h"
 #include "standins/doors-database/DoorsStandIn.h"
 #include "standins/doors-database/xml/DomDocument.h"
 #include "tests/support/TestPlatform.h"
