@@ -1,6 +1,6 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-windows test-windows-x86 dll release screenshots bench tidy format format-check clean setup \
+.PHONY: demo test test-native test-asan test-windows test-windows-x86 dll release screenshots bench bench-windows tidy format format-check clean setup \
 	setup-windows setup-checks
 
 demo: build/release/kestrune-workbench
@@ -59,6 +59,10 @@ bench: setup
 	cmake --preset release
 	cmake --build --preset release --target kestrune-bench
 	build/release/bench/kestrune-bench
+
+# What reads, as a Windows program beside bare MSXML.
+bench-windows: setup setup-windows
+	scripts/bench-windows.sh
 
 build/release/kestrune-workbench: setup
 	cmake --preset release
