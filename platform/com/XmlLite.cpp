@@ -63,7 +63,7 @@ class Source : public Counted<ISequentialStream> {
   HRESULT STDMETHODCALLTYPE Read(void* buffer, ULONG size, ULONG* count) override {
     std::size_t read = 0;
     const HRESULT result = Guarded([&] {
-      if (given_ == checked_ && !Refill()) return E_FAIL;
+      if (has_failed_ || (given_ == checked_ && !Refill())) return E_FAIL;
       std::string_view piece =
           std::string_view(bytes_).substr(given_, std::min<std::size_t>(size, checked_ - given_));
       const bool is_end = piece.empty();
@@ -74,8 +74,11 @@ class Source : public Counted<ISequentialStream> {
       return read > 0 ? S_OK : E_FAIL;
     });
     *count = static_cast<ULONG>(read);
+    has_failed_ = FAILED(result);
     return result;
   }
+  /// Whether it has; some versions of the reader go on all the same.
+  bool HasFailed() const { return has_failed_; }
   HRESULT STDMETHODCALLTYPE Write(const void*, ULONG, ULONG*) override { return STG_E_ACCESSDENIED; }
 
  protected:
@@ -120,6 +123,7 @@ class Source : public Counted<ISequentialStream> {
   std::size_t given_ = 0;    // of these
   std::size_t checked_ = 0;  // of these
   bool allows_numbers_ = true;
+  bool has_failed_ = false;
 };
 
 class FileSource final : public Source {
@@ -253,7 +257,7 @@ bool Read(Source& source, XmlHandler& handler) {
   ComPtr<IUnknown> input;
   return reader && make_input &&
          SUCCEEDED(make_input(&source, nullptr, L"utf-8", FALSE, nullptr, input.Out())) &&
-         SUCCEEDED(reader->SetInput(input.Get())) && Read(*reader.Get(), handler);
+         SUCCEEDED(reader->SetInput(input.Get())) && Read(*reader.Get(), handler) && !source.HasFailed();
 }
 
 /// Some versions make a blank of every line end that stands as its number, and half a character of those beyond the

@@ -155,6 +155,16 @@ TEST(XmlReading, WhatIsCutOffAnywhereIsNoDocument) {
   }
 }
 
+TEST(XmlReading, WhatNeedsCareIsFoundWhereverItStands) {
+  for (std::size_t before = 0; before < 80'000; before += 997) {
+    const Text filling(before, u'x');
+    Listener listener;
+    ASSERT_FALSE(ReadXmlText(
+        u"<d><b>" + filling + u"</b><A>1&#13;\n\u20AC&amp;</A><b>" + filling + u"</b></d>", listener));
+    EXPECT_EQ(ToUtf8(listener.told), ToUtf8(u"<d><b>/<A>1\r\n\u20AC&/<b>//")) << before;
+  }
+}
+
 TEST(XmlReading, SaysWhere) {
   Listener listener;
   const auto error = ReadXmlText(u"<D>\n  <a>x</b>\n</D>", listener);
