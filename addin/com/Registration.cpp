@@ -116,8 +116,6 @@ void Register(Audience audience) {
     RemoveAll(RootFor(audience), keys);
     throw;
   }
-  // What the user has registered stands in front of what the machine has.
-  if (audience == Audience::kMachine) RequireStatus(RemoveAll(RootFor(Audience::kUser), keys));
 }
 
 void Unregister(Audience audience) {

@@ -139,13 +139,6 @@ TEST_F(RegistrationTest, WhatTheAddInOfTheOtherBitnessNeedsStays) {
   }
 }
 
-TEST_F(RegistrationTest, OnceTheMachineHasItTheUsersOwnIsGone) {
-  EXPECT_EQ(Install(TRUE, L"user"), S_OK);
-  EXPECT_EQ(Install(TRUE, L"machine"), S_OK);
-  ExpectRegistered(HKEY_LOCAL_MACHINE);
-  ExpectNothing(HKEY_CURRENT_USER);
-}
-
 TEST_F(RegistrationTest, AnUnknownAudienceIsRefused) {
   EXPECT_EQ(Install(TRUE, L"everybody"), E_INVALIDARG);
   EXPECT_EQ(Install(FALSE, L"everybody"), E_INVALIDARG);
