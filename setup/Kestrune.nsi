@@ -68,11 +68,16 @@ Function ${un}FindRegsvr32
   ${EndIf}
 FunctionEnd
 
-; Whether the host has loaded one of the files: such a file cannot be written to. Then Reason is set.
+; Whether the host has loaded one of the files, or somebody reads the help: such a file cannot be written to. Then Reason is
+; set.
 Function ${un}CheckUse
   StrCpy $8 "$INSTDIR\Kestrune.dll"
   Call ${un}CheckUseOf8
+  StrCpy $8 "$INSTDIR\ORIMDOORS.chm"
+  Call ${un}CheckUseOf8
   StrCpy $8 "$INSTDIR\x86\Kestrune.dll"
+  Call ${un}CheckUseOf8
+  StrCpy $8 "$INSTDIR\x86\ORIMDOORS.chm"
   Call ${un}CheckUseOf8
 FunctionEnd
 
@@ -81,7 +86,7 @@ Function ${un}CheckUseOf8
     ClearErrors
     FileOpen $9 "$8" a
     ${If} ${Errors}
-      StrCpy $Reason "$8 is in use. Close Orim Studio, and try again. Nothing was changed."
+      StrCpy $Reason "$8 is in use. Close Orim Studio and its help, and try again. Nothing was changed."
     ${Else}
       FileClose $9
     ${EndIf}
@@ -220,6 +225,16 @@ Function RollBack
     RMDir "$INSTDIR\old"
     StrCpy $7 ""
     Call Register
+  ${ElseIf} $Audience == machine
+    ReadRegStr $0 HKCU "${ENTRY}" InstallLocation
+    ${If} $0 != ""  ; what the user alone had, and what has made way
+      StrCpy $5 "$INSTDIR"
+      StrCpy $INSTDIR "$0"
+      StrCpy $Audience user
+      StrCpy $7 ""
+      Call Register
+      StrCpy $INSTDIR "$5"
+    ${EndIf}
   ${EndIf}
   StrCpy $Reason "$6 Everything is as it was before."
 FunctionEnd

@@ -3,7 +3,8 @@
 //                                        its windows until it ends; its exit status is this one's
 //   setup-user registry                  prints what the registry says of the add-in, to the user and to the
 //                                        machine, as 64-bit and 32-bit programs see it
-//   setup-user hold DLL FILE             has DLL loaded, and makes FILE to say so, until FILE is removed
+//   setup-user hold FILE SIGN            has FILE loaded, or open where it is no program, and makes SIGN to say
+//                                        so, until SIGN is removed
 #include <cstdio>
 #include <string>
 #include <windows.h>
@@ -42,12 +43,14 @@ int Press(const std::wstring& program, const std::wstring& argument) {
   return static_cast<int>(status);
 }
 
-int Hold(const wchar_t* dll, const wchar_t* file) {
-  if (!LoadLibraryW(dll)) return 9;
-  const HANDLE sign = CreateFileW(file, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
-  if (sign == INVALID_HANDLE_VALUE) return 8;
-  CloseHandle(sign);
-  for (DWORD waited = 0; GetFileAttributesW(file) != INVALID_FILE_ATTRIBUTES && waited < kLimit;
+int Hold(const wchar_t* file, const wchar_t* sign) {
+  if (!LoadLibraryW(file) && CreateFileW(file, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                                         nullptr) == INVALID_HANDLE_VALUE)
+    return 9;
+  const HANDLE made = CreateFileW(sign, GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+  if (made == INVALID_HANDLE_VALUE) return 8;
+  CloseHandle(made);
+  for (DWORD waited = 0; GetFileAttributesW(sign) != INVALID_FILE_ATTRIBUTES && waited < kLimit;
        waited += kPause)
     Sleep(kPause);
   return 0;
@@ -78,6 +81,6 @@ int wmain(int argc, wchar_t** argv) {
   if (what == L"registry") return PrintRegistry();
   if (what == L"press" && argc > 2) return Press(argv[2], argc > 3 ? argv[3] : L"");
   if (what == L"hold" && argc == 4) return Hold(argv[2], argv[3]);
-  std::fputs("setup-user registry | press PROGRAM [ARGUMENT] | hold DLL FILE\n", stderr);
+  std::fputs("setup-user registry | press PROGRAM [ARGUMENT] | hold FILE SIGN\n", stderr);
   return 2;
 }
