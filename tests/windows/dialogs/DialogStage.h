@@ -1,4 +1,4 @@
-// What the dialogs are shown with: the real desktop, whose help is only written down; a DOORS of prepared
+// What the dialogs are shown with: the real desktop, whose help is written down; a DOORS of prepared
 // answers with a main window; a linked package.
 #pragma once
 
@@ -20,8 +20,12 @@ namespace kestrune::testing {
 
 class RecordingDesktop : public Win32Desktop {
  public:
-  void ShowHelp(int context) override { help_shown.push_back(context); }
+  void ShowHelp(int context) override {
+    help_shown.push_back(context);
+    if (opens_help) Win32Desktop::ShowHelp(context);
+  }
   std::vector<int> help_shown;
+  bool opens_help = false;
 };
 
 /// Answers each script as the test says.
