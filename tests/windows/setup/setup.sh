@@ -101,6 +101,7 @@ expect_installed() {
 if [ "$build" = "$builds/windows" ]; then set -- "$refusing" "$x86"; else set -- "$x64" "$refusing"; fi
 "$project/scripts/make-setup.sh" 1.0.2 "$1" "$2" "$help" "$work/refusing.exe"  # a DLL whose registration fails
 # What an earlier run that failed has left.
+rm -rf "$drive"/users/*/AppData/Local/Programs/"Kestrune Link"
 for audience in user machine; do
   wine regsvr32 /u /s /n /i:$audience "Z:$build/Kestrune.dll" >/dev/null 2>&1 || true
 done
