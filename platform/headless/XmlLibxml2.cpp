@@ -1,9 +1,9 @@
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xpath.h>
-#include <unordered_map>
 
 #include "platform/Automation.h"
 #include "platform/Files.h"
@@ -48,8 +48,9 @@ using Owned = std::unique_ptr<T, XmlFreer>;
 
 /// What a parser is used for.
 struct Reading {
-  XmlFeed* Feed = nullptr;                              // none: a tree is made
-  std::unordered_map<const xmlChar*, Text> Names = {};  // the parser keeps each name once, at one place
+  XmlFeed* Feed = nullptr;  // none: a tree is made
+  // The parser keeps each name at one place, where it is found by as long as the document is read.
+  std::array<std::pair<const xmlChar*, Text>, 256> Names = {};
   XmlAttributes Attributes = {};
   std::exception_ptr Failure = {};
   bool HasDtd = false;
@@ -85,8 +86,11 @@ void RefuseDtd(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
 void StartElement(void* parser, const xmlChar* name, const xmlChar*, const xmlChar*, int, const xmlChar**,
                   int count, int, const xmlChar** attributes) {
   Guarded(parser, [&](Reading& reading, XmlFeed& feed) {
-    auto& known = reading.Names[name];
-    if (known.empty()) known = FromUtf8(View(name));
+    auto& [place, known] = reading.Names[reinterpret_cast<std::uintptr_t>(name) / 8 % reading.Names.size()];
+    if (place != name) {
+      place = name;
+      known = FromUtf8(View(name));
+    }
     reading.Attributes.clear();
     for (const xmlChar** each = attributes; each < attributes + 5 * count; each += 5) {
       const auto* begin = reinterpret_cast<const char*>(each[3]);

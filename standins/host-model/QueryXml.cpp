@@ -97,52 +97,33 @@ Statement PrepareSelect(Database& database, TextView sql) {
   return rows;
 }
 
-/// A long text, put together without room for another half of it.
-class Pieces {
- public:
-  /// Where the next part is put behind what there is.
-  Text& Last() {
-    if (pieces_.back().size() > kPiece) pieces_.emplace_back().reserve(kPiece);
-    return pieces_.back();
-  }
-  Text Join() {
-    Text whole = std::move(pieces_.front());
-    std::size_t size = 0;
-    for (const Text& piece : pieces_) size += piece.size();
-    whole.reserve(whole.size() + size);
-    for (Text& piece : pieces_) {
-      whole += piece;
-      piece = Text();
-    }
-    return whole;
-  }
-
- private:
-  static constexpr std::size_t kPiece = std::size_t(1)
-                                        << 24;  // units; the system takes back memory of that size
-  std::vector<Text> pieces_ = std::vector<Text>(1);
-};
+/// A large answer that outgrows its memory again and again is copied, and touches twice as much, each time. Room that is
+/// not used costs nothing but addresses.
+void MakeRoom(Text& xml) {
+  constexpr std::size_t kLarge = std::size_t(1) << 20;                           // units
+  constexpr std::size_t kRoom = std::size_t(1) << (sizeof(void*) > 4 ? 28 : 0);  // units
+  if (xml.size() > kLarge && xml.capacity() < kRoom) xml.reserve(kRoom);
+}
 
 }  // namespace
 
 Text QueryXml(Database& database, TextView sql, ColumnSpelling spelling) {
   Statement rows = PrepareSelect(database, sql);
   const std::vector<Tags> tags = TagsOf(rows, spelling);
-  Pieces xml;
-  xml.Last() += u"<ORIMDATA><Dataset_0><Data>";
+  Text xml = u"<ORIMDATA><Dataset_0><Data>";
   while (rows.Step()) {
-    Text& piece = xml.Last();
-    piece += u"<Row>";
+    xml += u"<Row>";
     for (int column = 0; column < static_cast<int>(tags.size()); ++column) {
       if (rows.IsNull(column)) continue;
-      piece += tags[column].open;
-      AppendEscaped(piece, rows.View(column));
-      piece += tags[column].close;
+      xml += tags[column].open;
+      AppendEscaped(xml, rows.View(column));
+      xml += tags[column].close;
     }
-    piece += u"</Row>";
+    xml += u"</Row>";
+    MakeRoom(xml);
   }
-  xml.Last() += u"</Data></Dataset_0></ORIMDATA>";
-  return xml.Join();
+  xml += u"</Data></Dataset_0></ORIMDATA>";
+  return xml;
 }
 
 }  // namespace kestrune::standins
