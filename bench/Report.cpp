@@ -16,7 +16,7 @@ std::string Fixed(double number, int digits) {
 }
 
 double OwnSeconds(const Cost& cost) {
-  return cost.seconds - cost.kernel_seconds;
+  return cost.seconds - cost.host_seconds;
 }
 
 std::string Growth(const Result& result, const std::vector<Result>& results) {

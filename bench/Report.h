@@ -18,8 +18,8 @@ struct Result {
   std::optional<Cost> bare_scan;  // of reading it and keeping nothing
 };
 
-/// Prints a table in Markdown, figures that are nothing left out. Its column "growth" is the time outside of the kernel in proportion to that of
-/// a tenth of the objects: 10 is linear.
+/// Prints a table in Markdown. Its column "growth" is the time outside of the host in proportion to that of a tenth of the
+/// objects: 10 is linear.
 void PrintReport(const std::vector<Result>& results, std::ostream& out);
 
 }  // namespace kestrune::bench

@@ -86,6 +86,18 @@ TEST_F(DoorsDocTest, FindsAttributesWhateverTheirNames) {
   EXPECT_EQ(table.At(1, 9).ToText(), u"own text") << "of two attributes with one name the first is meant";
 }
 
+TEST_F(DoorsDocTest, TheAttributeListMayStandBehindTheObjects) {
+  doc.AddField({.Attribute = u"Mood"});
+  const DataTable& table = Load(
+      "<DoorsModule><Objects><Object><a1>good</a1><a0>R1</a0></Object></Objects>"
+      "<Attributes><Attribute ID=\"0\" Name=\"Object Identifier\"/><Attribute ID=\"1\" "
+      "Name=\"Mood\"/></Attributes>"
+      "<Attributes><Attribute ID=\"1\" Name=\"Object Identifier\"/></Attributes></DoorsModule>");
+  ASSERT_EQ(table.UpperRow(), 1u);
+  EXPECT_EQ(table.At(1, 1).ToText(), u"R1");
+  EXPECT_EQ(table.At(1, 5).ToText(), u"good") << "the first list counts";
+}
+
 TEST_F(DoorsDocTest, ControlCharactersAreCleanedAwayOnce) {
   const std::string value = std::string("R1\f") + '\0' + '\x1f';
   const std::string dirty = Export("<Objects><Object><a1>" + value + "</a1></Object></Objects>");
