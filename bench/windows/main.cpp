@@ -46,7 +46,8 @@ const std::map<std::string, Work>& Works() {
        }},
       {"load-bare", [](const Place& place) { return Measure([&] { ParseFile(place.Export()); }); }},
       {"read", [](const Place& place) { return LinkedPackage(place.folder, place.Model()).ReadPackage(); }},
-      {"read-bare", [](const Place& place) { return LinkedPackage(place.folder, place.Model()).QueryBare(); }},
+      {"read-bare",
+       [](const Place& place) { return LinkedPackage(place.folder, place.Model()).QueryBare(); }},
   };
   return works;
 }
