@@ -101,7 +101,7 @@ Statement PrepareSelect(Database& database, TextView sql) {
 /// not used costs nothing but addresses.
 void MakeRoom(Text& xml) {
   constexpr std::size_t kLarge = std::size_t(1) << 20;                           // units
-  constexpr std::size_t kRoom = std::size_t(1) << (sizeof(void*) > 4 ? 28 : 0);  // units
+  constexpr std::size_t kRoom = std::size_t(1) << (sizeof(void*) > 4 ? 29 : 0);  // units
   if (xml.size() > kLarge && xml.capacity() < kRoom) xml.reserve(kRoom);
 }
 
