@@ -50,7 +50,7 @@ void OrimDoc::CompleteIdentifiers() {
 void OrimDoc::FillParents(const ElementRows& rows) {
   for (std::size_t row = 1; row <= table_.UpperRow(); ++row) {
     const std::int32_t parent = rows.ParentId(row);
-    if (const auto parent_row = rows.RowOf(parent)) {
+    if (const auto parent_row = rows.RowOf(parent); parent_row && parent != 0) {
       table_.Share(row, column::kParent, table_.At(*parent_row, column::kIdentifier));
       continue;
     }

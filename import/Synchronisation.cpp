@@ -157,8 +157,10 @@ void Synchronisation::RemoveNameless(const orim::Element& element) {
 void Synchronisation::UpdateElement(const ModuleRow& object, std::size_t row) {
   std::vector<FieldValue> values;
   for (std::size_t c = column::kFirstMapped; c <= LastColumn(); ++c) {
+    const Cell& value_in_module = module_.At(object.Row, c);
     const Cell stored = orim_doc_.StoredValue(row, c);
-    if (c != name_column_ && module_.At(object.Row, c) == stored) continue;
+    const bool is_written_as_it_is = c != name_column_ && !IsRtf(value_in_module.AsText());
+    if (is_written_as_it_is && value_in_module == stored) continue;
     Variant value = ModuleValue(object, c);
     if (value == Variant(stored)) continue;
     if (c == name_column_) WarnOfLongName(object);

@@ -141,7 +141,8 @@ class FileSource final : public Source {
   std::string Look(std::streamoff from) {
     std::string bytes(kLook, '\0');
     file_.seekg(from);
-    bytes.resize(ReadBytes(bytes.data(), bytes.size()));
+    file_.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file_.gcount()));
     file_.clear();
     file_.seekg(0);
     return bytes;

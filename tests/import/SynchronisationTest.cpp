@@ -122,6 +122,19 @@ TEST_F(SynchronisationTest, ANameThatTheHostDoesNotTakeIsTheIdentifierAndStaysIt
               u"is named after its Object Identifier."));
 }
 
+TEST_F(SynchronisationTest, RichTextThatStandsInAnElementAsItCameIsConverted) {
+  StoreRules({u"Object Text (Formatted) --> Notes"});
+  const Text rich = u"{\\rtf1\\ansi plain\\par}";
+  application->objects = {{{"a1", u"A"}, {"a11", rich}}};
+  Import();
+  EXPECT_EQ(ElementOf(u"A").Field(u"Notes"), u"plain");
+  orim::Element element = ElementOf(u"A");
+  element.SetField(u"Notes", rich);
+  element.Save();
+  Import();
+  EXPECT_EQ(ElementOf(u"A").Field(u"Notes"), u"plain");
+}
+
 TEST_F(SynchronisationTest, ParentAndChildMayChangePlaces) {
   const struct {
     std::vector<ExportedObject> before, after;
