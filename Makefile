@@ -1,7 +1,7 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-windows test-windows-x86 dll release screenshots bench bench-windows tidy format format-check clean setup \
-	setup-windows setup-checks
+.PHONY: demo test test-native test-asan test-windows test-windows-x86 fuzz dll release screenshots bench bench-windows tidy \
+	format format-check clean setup setup-windows setup-checks setup-fuzz
 
 demo: build/release/kestrune-workbench
 	build/release/kestrune-workbench demo
@@ -38,6 +38,15 @@ test-windows-x86: setup setup-windows
 	cmake --build --preset windows --target Kestrune
 	@if scripts/debian-i386.sh; then scripts/windows-tests.sh build/windows-x86; else \
 	  echo '*** NOT RUN: the tests of the i686 build. The 32-bit Debian cannot be set up. ***' >&2; fi
+
+# Every reader of foreign input with input made for it, FUZZ_SECONDS each; the callbacks of the DLL where Wine is.
+FUZZ_SECONDS = 60
+fuzz: setup setup-fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz --target fuzzers
+	scripts/fuzz.sh $(FUZZ_SECONDS)
+	@if scripts/setup.sh windows; then scripts/fuzz-windows.sh $(FUZZ_SECONDS); else \
+	  echo '*** NOT RUN: the callbacks of the Windows build. Its tools are missing and cannot be installed. ***' >&2; fi
 
 # Kestrune.dll for both architectures: build/windows and build/windows-x86.
 dll: setup setup-windows
@@ -93,6 +102,9 @@ setup-windows:
 
 setup-checks:
 	@scripts/setup.sh checks
+
+setup-fuzz:
+	@scripts/setup.sh fuzz
 
 clean:
 	rm -rf build

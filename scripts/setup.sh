@@ -4,6 +4,7 @@
 #   setup.sh windows      for Kestrune.dll and its tests under Wine
 #   setup.sh windows-x86  for the 32-bit Debian that runs the i686 Kestrune.dll
 #   setup.sh checks       for the checks on the source
+#   setup.sh fuzz         for the fuzzers
 set -eu
 
 case "${1-native}" in
@@ -15,7 +16,8 @@ imagemagick"
     command -v npm >/dev/null || packages="$packages npm" ;;  # for the source of SQLite
   windows-x86) packages="mmdebstrap arch-test" ;;
   checks) packages="clang-format clang-tidy-19" ;;
-  *) sed -n '2,6s/^# //p' "$0" >&2; exit 2 ;;
+  fuzz) packages="clang-19 libclang-rt-19-dev" ;;
+  *) sed -n '2,7s/^# //p' "$0" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -47,11 +47,9 @@ void PutTo(VARIANT_BOOL* place, bool value) {
 /// converted if need be. Nothing is lost, as no callback changes its arguments.
 class Values {
  public:
-  explicit Values(const DISPPARAMS& params) : owners_(params.cArgs), params_(params) {
-    for (UINT i = 0; i < params.cArgs; ++i) {
-      Require(VariantCopyInd(owners_[i].Out(), &params.rgvarg[i]));
-      values_.push_back(owners_[i].Get());
-    }
+  explicit Values(const DISPPARAMS& params) : params_(params) {
+    for (UINT i = 0; i < params.cArgs; ++i) owners_.push_back(Followed(params.rgvarg[i]));
+    for (const ComVariant& owner : owners_) values_.push_back(owner.Get());
     params_.rgvarg = values_.data();
   }
   DISPPARAMS* Params() { return &params_; }

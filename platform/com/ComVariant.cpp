@@ -91,12 +91,17 @@ VARIANT ComVariant::Release() {
   return released;
 }
 
+ComVariant Followed(const VARIANT& value) {
+  const VARIANT* at = &value;
+  if (at->vt == (VT_BYREF | VT_VARIANT) && at->pvarVal) at = at->pvarVal;
+  if ((at->vt & VT_BYREF) && !at->byref) Require(DISP_E_TYPEMISMATCH);
+  ComVariant followed;
+  Require(VariantCopyInd(followed.Out(), const_cast<VARIANT*>(&value)));
+  return followed;
+}
+
 Variant FromComVariant(const VARIANT& value) {
-  if (value.vt & VT_BYREF) {
-    ComVariant followed;
-    Require(VariantCopyInd(followed.Out(), const_cast<VARIANT*>(&value)));
-    return FromComVariant(followed.Get());
-  }
+  if (value.vt & VT_BYREF) return FromComVariant(Followed(value).Get());
   if (value.vt & VT_ARRAY) return FromSafeArray(value.parray);
   switch (value.vt) {
     case VT_EMPTY:

@@ -27,6 +27,10 @@ class ComVariant {
   VARIANT value_;
 };
 
+/// What a VARIANT holds or refers to, by value. Throws AutomationError for a reference to nothing, which no function of
+/// the system takes unharmed, and for what cannot be copied.
+ComVariant Followed(const VARIANT& value);
+
 /// What a VARIANT holds, references followed: Null and a left-out argument are empty; whole numbers that need
 /// more than 32 bits, currency and decimals become doubles, a date its text. Throws AutomationError
 /// kTypeMismatch for what has no counterpart.

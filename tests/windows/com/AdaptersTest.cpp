@@ -167,7 +167,7 @@ TEST(FromComVariantTest, WhatOthersPassIsUnderstood) {
   EXPECT_FALSE(FromComVariant(Foreign(VT_DISPATCH, 0)).ToObject());
 }
 
-TEST(FromComVariantTest, ArraysOfVariantsAreTextsAndOthersRefused) {
+TEST(FromComVariantTest, ArraysOfVariantsAreTextsAndWhatHasNoCounterpartIsRefused) {
   ComVariant array;
   array.Out()->parray = SafeArrayCreateVector(VT_VARIANT, 3, 2);
   array.Out()->vt = VT_ARRAY | VT_VARIANT;
@@ -179,7 +179,10 @@ TEST(FromComVariantTest, ArraysOfVariantsAreTextsAndOthersRefused) {
   numbers.Out()->parray = SafeArrayCreateVector(VT_I4, 0, 2);
   numbers.Out()->vt = VT_ARRAY | VT_I4;
   EXPECT_THROW(FromComVariant(numbers.Get()), AutomationError);
-  EXPECT_THROW(FromComVariant(Foreign(VT_ERROR, 0x80004005)), AutomationError);
+  const VARIANT none = Foreign(VT_BYREF | VT_BSTR, 0);
+  for (const VARIANT& refused : {Foreign(VT_ERROR, 0x80004005), none, Foreign(VT_BYREF | VT_VARIANT, 0),
+                                 Foreign(VT_BYREF | VT_VARIANT, reinterpret_cast<LONG_PTR>(&none))})
+    EXPECT_THROW(FromComVariant(refused), AutomationError) << refused.vt;
 }
 
 TEST(GuardTest, NothingCrossesTheBoundaryEvenWhereTheFailureCannotBeTold) {
