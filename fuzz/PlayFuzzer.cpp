@@ -15,8 +15,9 @@ void Fuzz(std::string_view input) {
   try {
     play::Script script = play::SampleScript(FromUtf8(input));
     for (const play::Statement& statement : script.statements)
-      for (const Text& text : statement.texts) {
+      for (Text text : statement.texts) {
         const auto again = play::SampleScript(u"clipboard " + play::Quoted(text));
+        std::erase(text, u'\r');  // a line break is one sign in a script
         Require(again.statements[0].texts[0] == text, "a text is written so that it reads back");
       }
     desktop.Play(std::move(script), play::SampleCommands(desktop, completed));

@@ -19,12 +19,12 @@ bool IsOfAName(TextView attributes, std::size_t open) {
   return close != TextView::npos && attributes.find(u' ', open) > close;
 }
 
-/// Reads the text before the arrow into the rule; false when it is malformed.
+/// Reads the text before the arrow, without blanks at its ends, into the rule; false when it is malformed.
 bool ReadAttributes(TextView attributes, MappingRule& rule) {
   const auto bracket = attributes.find(u'[');
   const auto blank = attributes.find(u' ', bracket);
   const bool is_combined = bracket != TextView::npos && blank != TextView::npos && attributes.back() == u']';
-  rule.Attribute = Trim(is_combined ? attributes.substr(0, bracket) : attributes);
+  rule.Attribute = is_combined ? Trim(attributes.substr(0, bracket)) : attributes;
   if (rule.Attribute.empty()) return false;
   if (!is_combined) return bracket == TextView::npos || IsOfAName(attributes, bracket);
   rule.CombinedAttribute = Trim(attributes.substr(blank, attributes.size() - 1 - blank));
@@ -49,7 +49,7 @@ std::optional<MappingRule> ReadRule(TextView line) {
   rule.Target = Trim(line.substr(arrow + kArrow.size()));
   // No target holds a bracket: one behind the arrow is a rule gone wrong as well.
   const bool is_target = rule.Target.find(u'[') == Text::npos;
-  if (!is_target || !ReadAttributes(line.substr(0, arrow), rule)) return std::nullopt;
+  if (!is_target || !ReadAttributes(Trim(line.substr(0, arrow)), rule)) return std::nullopt;
   return rule;
 }
 

@@ -27,10 +27,12 @@ const RuleCase kRules[] = {
     {u"A[: B] --> Name", {u"A", u"B", u":", u"Name"}, u"A [: B] --> Name"},
     {u"A [ B] --> Name", {u"A", u"B", u"", u"Name"}},
     {u"A [  B] --> Name", {u"A", u"B", u"", u"Name"}, u"A [ B] --> Name"},
+    {u" A [: B]  --> Name", {u"A", u"B", u":", u"Name"}, u"A [: B] --> Name"},
     {u"A [- : B] --> Name", {u"A", u": B", u"-", u"Name"}},  // a separator ends at its first blank
     {u"A [[ B] --> Name", {u"A", u"B", u"[", u"Name"}},
     {u"A [: Mass [kg]] --> Name", {u"A", u"Mass [kg]", u":", u"Name"}},
     {u"Mass [kg] --> Alias", {u"Mass [kg]", u"", u"", u"Alias"}},
+    {u"Mass [kg] of [m]  --> Alias", {u"Mass", u"of [m", u"kg]", u"Alias"}, u"Mass [kg] of [m] --> Alias"},
     {u"Mass [kg] (dry) --> Alias", {u"Mass [kg] (dry)", u"", u"", u"Alias"}},
     {u"Object Identifier --> (Tagged Value)", {u"Object Identifier", u"", u"", u"(Tagged Value)"}},
     {u"Object Identifier [: B] --> Name", {u"Object Identifier", u"B", u":", u"Name"}},
@@ -48,10 +50,10 @@ TEST(RuleText, ReadsAndWritesBack) {
 }
 
 TEST(RuleText, RefusesAMalformedLineByName) {
-  for (const TextView line : {u"A [B --> Name", u"Mass [per hour] of --> Name", u"A [: B --> Name",
-                              u"Object Identifier [: B] --> (Tagged Value)", u"A [: B]  --> Name",
-                              u"A [ --> Name", u"A [: B] x --> Name", u"A --> Name [x]", u" --> Name",
-                              u"[: B] --> Name", u"A [: B --> C] --> Name"}) {
+  for (const TextView line :
+       {u"A [B --> Name", u"Mass [per hour] of --> Name", u"A [: B --> Name",
+        u"Object Identifier [: B] --> (Tagged Value)", u"A [ --> Name", u"A [: B] x --> Name",
+        u"A --> Name [x]", u" --> Name", u"[: B] --> Name", u"A [: B --> C] --> Name"}) {
     try {
       ParseRule(line);
       ADD_FAILURE() << "was read: " << ToUtf8(line);
