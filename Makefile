@@ -1,6 +1,6 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-windows test-windows-x86 fuzz dll release screenshots bench bench-windows tidy \
+.PHONY: demo test test-native test-asan test-windows test-windows-x86 test-windows-long fuzz dll release screenshots bench bench-windows tidy \
 	format format-check clean setup setup-windows setup-checks setup-fuzz
 
 demo: build/release/kestrune-workbench
@@ -38,6 +38,12 @@ test-windows-x86: setup setup-windows
 	cmake --build --preset windows --target Kestrune
 	@if scripts/debian-i386.sh; then scripts/windows-tests.sh build/windows-x86; else \
 	  echo '*** NOT RUN: the tests of the i686 build. The 32-bit Debian cannot be set up. ***' >&2; fi
+
+# What takes minutes: DOORS and the host are killed in the middle of imports, and one host imports a thousand times.
+test-windows-long: setup setup-windows
+	cmake --preset windows
+	cmake --build --preset windows --target long-tests
+	scripts/wine.sh --limit 3600 build/windows wine build/windows/tests/windows/long/long-tests.exe
 
 # Every reader of foreign input with input made for it, FUZZ_SECONDS each; the callbacks of the DLL where Wine is.
 FUZZ_SECONDS = 60

@@ -32,6 +32,8 @@ class OrimModel {
   static OrimModel Open(const std::filesystem::path& path);
 
   Object Repository() const;
+  /// How many of its objects somebody holds.
+  long HeldObjects() const { return host_.use_count() - 1; }
 
   /// The new package's id; `parent_id` 0 makes a root package.
   std::int32_t AddPackage(std::int32_t parent_id, TextView name);
