@@ -15,7 +15,7 @@ for name in $names; do
   mkdir -p "$learned"
   log=build/fuzz/$name.log
   seeds=fuzz/corpus/$name
-  [ "$name" != dxl ] || seeds="$seeds tests/standins/dxl/scripts"
+  [ "$name" != dxl ] || seeds="$seeds tests/standins/dxl/scripts common/resources/dxl"
   # shellcheck disable=SC2086
   if ! build/fuzz/fuzz/fuzz-"$name" -max_total_time="$seconds" -max_len=4096 -timeout=10 -rss_limit_mb=2000 \
     -use_value_profile=1 -print_final_stats=1 -artifact_prefix="build/fuzz/found/$name-" "$learned" $seeds \
