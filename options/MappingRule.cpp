@@ -58,8 +58,9 @@ std::optional<MappingRule> ReadRule(TextView line) {
 std::optional<MappingRule> ParseRule(TextView line) {
   if (Trim(line).empty()) return std::nullopt;
   auto rule = ReadRule(line);
-  if (!rule) Refuse(text::kMalformedRule, line);
-  if (OverwritesTheKey(*rule)) Refuse(text::kOverwritesTheKey, line);
+  if (rule && OverwritesTheKey(*rule)) Refuse(text::kOverwritesTheKey, line);
+  const bool is_bare = rule && rule->Target.empty() && rule->CombinedAttribute.empty();
+  if (!rule || (!is_bare && !ReadsBack(*rule))) Refuse(text::kMalformedRule, line);
   return rule;
 }
 

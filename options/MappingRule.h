@@ -45,8 +45,9 @@ inline constexpr std::array<TextView, 4> kFixedRules = {
 
 /// Reads a rule; nothing for a blank line. Text without " -->" is a bare attribute name, taken untrimmed.
 /// Throws AutomationError error::kMalformedRule, whose description names the line, when there is no attribute
-/// before the arrow, when a "[" opens neither "[separator, blank, attribute]" nor such a name, and when the
-/// rule would overwrite the key: a combined one of "Object Identifier" into a tagged value.
+/// before the arrow, when a "[" opens neither "[separator, blank, attribute]" nor such a name, when the rule
+/// would overwrite the key: a combined one of "Object Identifier" into a tagged value; and when its text would
+/// not read back as the rule.
 std::optional<MappingRule> ParseRule(TextView line);
 
 /// The rule as a line of text.

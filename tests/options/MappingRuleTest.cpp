@@ -50,10 +50,10 @@ TEST(RuleText, ReadsAndWritesBack) {
 }
 
 TEST(RuleText, RefusesAMalformedLineByName) {
-  for (const TextView line :
-       {u"A [B --> Name", u"Mass [per hour] of --> Name", u"A [: B --> Name",
-        u"Object Identifier [: B] --> (Tagged Value)", u"A [ --> Name", u"A [: B] x --> Name",
-        u"A --> Name [x]", u" --> Name", u"[: B] --> Name", u"A [: B --> C] --> Name"}) {
+  for (const TextView line : {u"A [B --> Name", u"Mass [per hour] of --> Name", u"A [: B --> Name",
+                              u"Object Identifier [: B] --> (Tagged Value)", u"A [ --> Name",
+                              u"A [: B] x --> Name", u"A --> Name [x]", u" --> Name", u"[: B] --> Name",
+                              u"A [: B --> C] --> Name", u"A [: \t-->B] --> Name"}) {
     try {
       ParseRule(line);
       ADD_FAILURE() << "was read: " << ToUtf8(line);
