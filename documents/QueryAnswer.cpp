@@ -9,6 +9,11 @@ namespace kestrune {
 
 namespace {
 
+[[noreturn]] void ThrowUnreadable(const Text& reason) {
+  throw AutomationError(error::kUnreadableAnswer, u"QueryAnswer",
+                        FormatResText(text::kAnswerUnreadable, {reason}));
+}
+
 constexpr TextView kRowPath[] = {u"ORIMDATA", u"Dataset_0", u"Data", u"Row"};
 constexpr std::size_t kRowDepth = std::size(kRowPath);
 
@@ -88,14 +93,21 @@ class RowReader : public XmlHandler {
   std::size_t matched_ = 0;  // of the elements that are open, those that lead to a row
 };
 
+std::int32_t QueryRow::GetNumber(std::size_t column) const {
+  const Variant number(NumericValue(GetText(column)));
+  try {
+    return number.ToInt();
+  } catch (const AutomationError&) {
+    ThrowUnreadable(Text(GetText(column)));
+  }
+}
+
 void ForEachRow(const orim::Repository& repository, const Text& sql, const std::vector<Text>& columns,
                 RowVisitor& visitor) {
   const Text xml = repository.Query(sql);
   if (xml.empty()) return visitor.OnAnswer();
   RowReader reader(columns, visitor);
-  if (const auto error = ReadXmlText(xml, reader))
-    throw AutomationError(error::kUnreadableAnswer, u"QueryAnswer",
-                          FormatResText(text::kAnswerUnreadable, {error->Reason}));
+  if (const auto error = ReadXmlText(xml, reader)) ThrowUnreadable(error->Reason);
 }
 
 }  // namespace kestrune

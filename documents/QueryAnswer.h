@@ -15,7 +15,8 @@ class QueryRow {
   TextView GetText(std::size_t column) const {
     return Has(column) ? TextView(cells_[column].Content) : TextView();
   }
-  std::int32_t GetNumber(std::size_t column) const { return Variant(NumericValue(GetText(column))).ToInt(); }
+  /// 0 where the row lacks the column. Throws AutomationError error::kUnreadableAnswer for a number that is none of 32 bits.
+  std::int32_t GetNumber(std::size_t column) const;
 
  private:
   friend class RowReader;

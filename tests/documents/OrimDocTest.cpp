@@ -1,4 +1,5 @@
 #include "documents/OrimDoc.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/TestHost.h"
 
 namespace kestrune {
@@ -140,7 +141,8 @@ struct FixedAnswer : Dispatch {
 TEST(QueryAnswerTest, AnswersThatAreNotAsExpected) {
   const auto rows_of = [](Text xml) {
     const orim::Repository host(Object(std::make_shared<FixedAnswer>(std::move(xml))));
-    return RowsOf<int>(host, u"", {u"Object_ID"}, [](const QueryRow&) { return 0; }).size();
+    return RowsOf<int>(host, u"", {u"Object_ID"}, [](const QueryRow& row) { return row.GetNumber(0); })
+        .size();
   };
   EXPECT_EQ(rows_of(u""), 0u);
   EXPECT_EQ(rows_of(u"<ORIMDATA/>"), 0u);
@@ -148,6 +150,12 @@ TEST(QueryAnswerTest, AnswersThatAreNotAsExpected) {
   EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data><Row/><Other/></Data></Dataset_0></ORIMDATA>"), 1u);
   EXPECT_THROW(rows_of(u"<ORIMDATA><Dataset_0><Data><Row>"), AutomationError)
       << "a cut-off answer is no empty package";
+  EXPECT_EQ(testing::FailureOf([&] {
+              rows_of(
+                  u"<ORIMDATA><Dataset_0><Data><Row><Object_ID>2147483648</Object_ID></Row></Data></"
+                  u"Dataset_0></ORIMDATA>");
+            }),
+            "The model's answer to a query cannot be read: 2147483648");
 }
 
 TEST(QueryAnswerTest, TheQuerysOwnSpellingWins) {
