@@ -112,31 +112,5 @@ TEST_F(RealFile, TheNextStateOfADocumentIsFollowedThereAndBack) {
   }
 }
 
-TEST_F(RealFile, AViewNarrowsTheImportUntilItIsLifted) {
-  const Text path = Load(u"doors-two-modules-77.reqif")[0].path;
-  setup_.database.Sql().Exec(
-      "INSERT INTO view (id, module, name) SELECT 1, min(module), 'Headings' FROM object;"
-      "INSERT INTO view_filter VALUES (1, 'Object Heading', 'not equals', '')");
-  Link(path);
-  ImportTwice();
-  const PackageState whole = InModel();
-
-  setup_.view = u"Headings";
-  setup_.EditOptions();
-  ImportTwice();
-  PackageState headings = whole;
-  std::erase_if(headings, [](const auto& element) { return !element.second.values.count(u"Alias"); });
-  for (auto& [identifier, element] : headings)
-    if (!headings.count(element.parent)) element.parent.clear();
-  EXPECT_LT(headings.size(), whole.size());
-  ExpectPackage(InModel(), headings);
-  EXPECT_EQ(InModel(true).size(), whole.size());
-
-  setup_.view = u"Standard view";
-  setup_.EditOptions();
-  ImportTwice();
-  ExpectPackage(InModel(true), whole);
-}
-
 }  // namespace
 }  // namespace kestrune

@@ -12,20 +12,6 @@ TEST_F(StandInTest, KeepsTheResultBetweenRuns) {
   EXPECT_EQ(application.Get(u"Result").ToText(), u"in!");
 }
 
-TEST_F(StandInTest, ReportsErrorsOfARunWithTheirPlace) {
-  const auto bad = doors.RunScript(u"print \"a\\n\"\nint n = nothing\n", u"p", u"my.dxl");
-  ASSERT_EQ(bad.errors.size(), 1u);
-  EXPECT_EQ(bad.errors[0].file, u"my.dxl");
-  EXPECT_EQ(bad.errors[0].at.line, 2);
-  EXPECT_FALSE(bad.errors[0].is_runtime);
-  EXPECT_EQ(bad.result, u"p");
-  EXPECT_EQ(bad.output, u"");
-  const auto good = doors.RunScript(u"print \"a\\n\"\noleSetResult \"r\"\n", u"p", u"my.dxl");
-  EXPECT_TRUE(good.errors.empty());
-  EXPECT_EQ(good.result, u"r");
-  EXPECT_EQ(good.output, u"a\n");
-}
-
 TEST_F(StandInTest, GivesUnusedTemporaryNames) {
   WriteFile(folder.File(u"DP2"), "");
   EXPECT_EQ(Run(u"string a = tempFileName()\nstring b = tempFileName()\noleSetResult(a \"|\" b)\n"),
@@ -99,36 +85,6 @@ TEST_F(StandInTest, DisplayedModulesComeToTheFront) {
   EXPECT_NE(platform.desktop.ClassOf(window), u"DOORSWindow");
 }
 
-TEST_F(StandInTest, OpenModulesOutliveARunButTheCurrentModuleDoesNot) {
-  Run(u"Module m = read(\"/Demo/Specs/Car\", true)\nload(m, view \"Open only\")\n(current ModuleRef__) = m\n"
-      u"(current ObjectRef__) = object(5, m)\nscroll to object(5, m)\n");
-  EXPECT_EQ(Run(u"if (null (current Module)) oleSetResult \"none\""), u"none");
-  const auto open = doors.OpenModules();
-  ASSERT_EQ(open.size(), 1u);
-  EXPECT_EQ(open[0].path, u"/Demo/Specs/Car");
-  EXPECT_TRUE(open[0].is_displayed);
-  EXPECT_EQ(open[0].view, u"Open only");
-  EXPECT_EQ(open[0].current_object, 5);
-  EXPECT_EQ(open[0].scrolled_to, 5);
-}
-
-TEST_F(StandInTest, UsersOpenModulesToo) {
-  EXPECT_TRUE(doors.UserOpens(u"/Demo/Specs/Car", true, u"Open only"));
-  EXPECT_FALSE(doors.UserOpens(u"/Demo/Specs/Car", true, u"Unknown"));
-  EXPECT_FALSE(doors.UserOpens(u"/Demo/Specs/Bus", true));
-  EXPECT_EQ(Run(u"Module m = module(item \"/Demo/Specs/Car\")\nint n = 0\nObject o\nfor o in m do {\nn++\n}\n"
-                u"oleSetResult(n \"\")"),
-            u"4");
-}
-
-TEST_F(StandInTest, AnAttributeMayBeUnreadable) {
-  database.Sql().Exec("UPDATE attribute SET readable = 0 WHERE name = 'Status'");
-  EXPECT_EQ(Run(u"Module m = read(\"/Demo/Specs/Car\", false)\nObject o = object(4, m)\nstring s = "
-                u"o.\"Cost\" \"\"\n"
-                u"noError()\ns = s o.\"Status\" \"\"\noleSetResult(s \"|\" lastError())"),
-            u"12|no read access to attribute (Status)");
-}
-
 TEST_F(StandInTest, ClosingWhatIsNotSavedAsksOrLosesIt) {
   const Text module = u"Module m = module(item \"/Demo/Specs/Car\")\n";
   doors.UserOpens(u"/Demo/Specs/Car", false);
@@ -142,14 +98,6 @@ TEST_F(StandInTest, ClosingWhatIsNotSavedAsksOrLosesIt) {
   EXPECT_EQ(doors.OpenModules().size(), 0u);
   EXPECT_EQ(doors.Complaints(), (std::vector<Text>{u"asked whether to save /Demo/Specs/Car",
                                                    u"lost the changes of /Demo/Specs/Car"}));
-}
-
-TEST_F(StandInTest, ListsModulesAndViews) {
-  EXPECT_EQ(doors.FormalModules(),
-            (std::vector<Text>{u"/Inner/Deep", u"/Demo/Specs/Car", u"/Demo/Specs/Secret", u"/Loose/Alone"}));
-  EXPECT_EQ(doors.ViewsOf(u"/Inner/Deep"), std::vector<Text>());
-  EXPECT_EQ(doors.ViewsOf(u"/Demo/Specs/Car")->size(), 5u);
-  EXPECT_FALSE(doors.ViewsOf(u"/Demo/Specs"));
 }
 
 }  // namespace
