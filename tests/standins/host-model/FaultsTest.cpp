@@ -30,5 +30,12 @@ TEST_F(OrimFaults, TheNthCallFailsOnceAndAsOrdered) {
   EXPECT_EQ(element.Get(u"Name").ToText(), u"E");
 }
 
+TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnly) {
+  PutAndSave(element, u"Name", u"Other");
+  model.Faults().FailElementField(u"Name", HostFaults::Moment::kSave, {0x80001234, u"Host", u"as ordered"});
+  PutAndSave(element, u"Alias", u"x");
+  EXPECT_EQ(FailureOf([&] { PutAndSave(element, u"Name", u"x"); }), "as ordered");
+}
+
 }  // namespace
 }  // namespace kestrune::standins
