@@ -69,15 +69,6 @@ TEST_F(ItemsTest, AreFoundByPathFromTheRootOrAnyProject) {
   }
 }
 
-TEST_F(ItemsTest, HaveFullNamesFromTheNearestProject) {
-  for (const auto& [id, name] : std::map<ItemId, TextView>{{1, u"/"},
-                                                           {3, u"/Demo/Specs"},
-                                                           {4, u"/Demo/Specs/Car"},
-                                                           {6, u"/Inner/Deep"},
-                                                           {8, u"/Loose/Alone"}})
-    EXPECT_EQ(database.FullName(id), name);
-}
-
 TEST_F(ItemsTest, ThatFormACircleAreRefused) {
   database.Sql().Exec("UPDATE item SET type = 'Folder', parent = 3 WHERE id = 2");
   EXPECT_NE(FailureOf([&] { database.FullName(4); }).find("circle"), std::string::npos);

@@ -5,13 +5,6 @@ namespace {
 
 class StandInTest : public SampleDoors {};
 
-TEST_F(StandInTest, KeepsTheResultBetweenRuns) {
-  EXPECT_EQ(Run(u"string s = oleGetResult()\noleSetResult(s \"!\")\nprint \"hello\\n\"\n", u"in"), u"in!");
-  EXPECT_EQ(doors.Log(), u"hello\n");
-  application.Call(u"RunStr", {u"int x = 1"});
-  EXPECT_EQ(application.Get(u"Result").ToText(), u"in!");
-}
-
 TEST_F(StandInTest, GivesUnusedTemporaryNames) {
   WriteFile(folder.File(u"DP2"), "");
   EXPECT_EQ(Run(u"string a = tempFileName()\nstring b = tempFileName()\noleSetResult(a \"|\" b)\n"),
@@ -44,33 +37,6 @@ TEST_F(StandInTest, FailsARunAsTold) {
   EXPECT_EQ(failure(u"int n = nothing"), 0u);
   EXPECT_EQ(failure(u"int i\nfor i in 0:20 do {\nItem it = item \"/\"\n}"), 0u)
       << "the switch outlived its run";
-}
-
-TEST_F(StandInTest, LooksFromOutsideAsItsStateSaysAndSpeaksOnlyWhenReady) {
-  constexpr std::uint32_t kSeen = 0x04FF0000;
-  const struct {
-    DoorsPhase state;
-    bool is_there, is_visible;
-    std::uint32_t style;
-  } cases[] = {
-      {DoorsPhase::kNotRunning, false, false, 0},   {DoorsPhase::kStartUp, true, true, 0x04000000},
-      {DoorsPhase::kLogin, true, true, 0x04C80000}, {DoorsPhase::kPasswordCheck, true, false, 0x04C80000},
-      {DoorsPhase::kReady, true, true, 0x04CF0000},
-  };
-  for (const auto& c : cases) {
-    doors.SetPhase(c.state);
-    bool is_there = false;
-    platform.desktop.EnumTop([&](WindowHandle window) {
-      if (platform.desktop.ClassOf(window) != u"DOORSWindow") return true;
-      is_there = true;
-      EXPECT_EQ(platform.desktop.IsVisible(window), c.is_visible);
-      EXPECT_EQ(platform.desktop.StyleOf(window) & kSeen, c.style);
-      return true;
-    });
-    EXPECT_EQ(is_there, c.is_there);
-    const std::string failure = FailureOf([&] { application.Get(u"Result"); });
-    EXPECT_EQ(failure.find("not running") != std::string::npos, c.state != DoorsPhase::kReady);
-  }
 }
 
 TEST_F(StandInTest, DisplayedModulesComeToTheFront) {

@@ -30,11 +30,15 @@ TEST_F(OrimFaults, TheNthCallFailsOnceAndAsOrdered) {
   EXPECT_EQ(element.Get(u"Name").ToText(), u"E");
 }
 
-TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnly) {
+TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnlyAndATaggedValueWhenItIsPut) {
+  const AutomationError failure{0x80001234, u"Host", u"as ordered"};
   PutAndSave(element, u"Name", u"Other");
-  model.Faults().FailElementField(u"Name", HostFaults::Moment::kSave, {0x80001234, u"Host", u"as ordered"});
+  model.Faults().FailElementField(u"Name", HostFaults::Moment::kSave, failure);
   PutAndSave(element, u"Alias", u"x");
   EXPECT_EQ(FailureOf([&] { PutAndSave(element, u"Name", u"x"); }), "as ordered");
+  const Object tag = AddTaggedValue(element, u"Tag", u"v");
+  model.Faults().FailTaggedValue(u"Tag", HostFaults::Moment::kPut, failure);
+  EXPECT_EQ(FailureOf([&] { tag.Put(u"Notes", u"x"); }), "as ordered");
 }
 
 }  // namespace
