@@ -11,34 +11,6 @@ TEST_F(StandInTest, GivesUnusedTemporaryNames) {
             folder.File(u"DP1") + u"|" + folder.File(u"DP3"));
 }
 
-TEST_F(StandInTest, FailsARunAsTold) {
-  const auto failure = [&](const Text& script) {
-    try {
-      Run(script, u"before");
-      return 0u;
-    } catch (const AutomationError& error) {
-      return error.Number;
-    }
-  };
-  doors.FailNextRun({error::kNotConnected, u"DOORS", u"gone"});
-  EXPECT_EQ(failure(u"oleSetResult \"x\""), error::kNotConnected);
-  EXPECT_EQ(application.Get(u"Result").ToText(), u"before");
-  EXPECT_EQ(failure(u"oleSetResult \"x\""), 0u);
-
-  doors.FailNextRunAt(2, {error::kCallFailed, u"DOORS", u"died"});
-  EXPECT_EQ(failure(u"Module m = read(\"/Inner/Deep\", false)\noleSetResult \"half\"\nclose(m, false)"),
-            error::kCallFailed);
-  EXPECT_EQ(application.Get(u"Result").ToText(), u"half");
-  EXPECT_EQ(doors.OpenModules().size(), 1u) << "the broken-off script has closed what it opened";
-
-  doors.FailNextRunAt(9, {error::kCallFailed, u"DOORS", u"died"});
-  EXPECT_EQ(failure(u"Item it = item \"/\""), 0u);
-  doors.FailNextRunAt(9, {error::kCallFailed, u"DOORS", u"died"});
-  EXPECT_EQ(failure(u"int n = nothing"), 0u);
-  EXPECT_EQ(failure(u"int i\nfor i in 0:20 do {\nItem it = item \"/\"\n}"), 0u)
-      << "the switch outlived its run";
-}
-
 TEST_F(StandInTest, DisplayedModulesComeToTheFront) {
   const WindowHandle host = platform.desktop.AddWindow({u"Host"});
   platform.desktop.BringToFront(host);
