@@ -57,7 +57,7 @@ class MessageCount {
 };
 
 TEST_F(PeerTest, OnlyWhatChangedOfALongListIsSetAndItKeepsWhereItIsScrolledTo) {
-  constexpr int kLines = 400;
+  constexpr int kLines = 100;
   int messages = 0;
   form_.OnLoad = [&] {
     for (int i = 0; i < 200; ++i) form_.List1.AddItem(ToText(i));
