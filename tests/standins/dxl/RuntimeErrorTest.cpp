@@ -76,13 +76,15 @@ TEST(Run, LeavesThePlaceToTheCallerAndCanBeRepeated) {
   EXPECT_EQ(host.result, u"2");
 }
 
-TEST(Library, NoticesAPermThatBreaksItsSignature) {
+TEST(Library, TakesNothingForTheDefaultAndNoticesAPermThatBreaksItsSignature) {
   Library library;
+  library.Add(u"int nothing()", [](Call&) { return Value(); });
   library.Add(u"int lies()", [](Call&) { return Value(u"text"); });
   RecordingHost host;
-  const CompileResult compiled = Compile({u"", u"int i = lies"}, library);
+  const CompileResult compiled = Compile({u"", u"print nothing()\nint i = lies"}, library);
   ASSERT_TRUE(compiled.program);
   EXPECT_THROW(dxl::Run(*compiled.program, host), std::logic_error);
+  EXPECT_EQ(host.printed, u"0\n");
 }
 
 }  // namespace
