@@ -38,5 +38,17 @@ TEST_F(StandInTest, ClosingWhatIsNotSavedAsksOrLosesIt) {
                                                    u"lost the changes of /Demo/Specs/Car"}));
 }
 
+TEST_F(StandInTest, ListsModulesAndViews) {
+  EXPECT_EQ(doors.FormalModules(),
+            (std::vector<Text>{u"/Inner/Deep", u"/Demo/Specs/Car", u"/Demo/Specs/Secret", u"/Loose/Alone"}));
+  EXPECT_EQ(doors.ViewsOf(u"/Inner/Deep"), std::vector<Text>());
+  EXPECT_FALSE(doors.ViewsOf(u"/Demo/Specs"));
+}
+
+TEST_F(StandInTest, TheCurrentModuleIsThatOfARun) {
+  Run(u"Module m = read(\"/Demo/Specs/Car\", true)\n(current ModuleRef__) = m");
+  EXPECT_EQ(Run(u"if (null (current Module)) oleSetResult \"none\""), u"none");
+}
+
 }  // namespace
 }  // namespace kestrune::standins
