@@ -30,72 +30,60 @@ class DoorsModule {
   const Text& Path() const { return path_; }
 
   void AddAttribute(const Text& name, const Text& type = u"String") {
-    sql_.Prepare(
-            "INSERT INTO attribute (module, position, name, type) SELECT ?1, max(position) + 1, ?2, ?3"
-            " FROM attribute WHERE module = ?1",
-            id_, name, type)
-        .Run();
+    Run("INSERT INTO attribute (module, position, name, type) SELECT ?1, max(position) + 1, ?2, ?3"
+        " FROM attribute WHERE module = ?1",
+        name, type);
   }
 
   /// `part` is "none", "table", "row" or "cell".
   void AddObject(int number, int parent, int position, const Text& part = u"none") {
-    sql_.Prepare(
-            "INSERT INTO object (module, absolute_number, parent, position, table_part) VALUES (?1, ?2,"
-            " (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?3), ?4, ?5)",
-            id_, number, parent, position, part)
-        .Run();
+    Run("INSERT INTO object (module, absolute_number, position, table_part) VALUES (?1, ?2, 0, ?3)", number,
+        part);
+    Place(number, parent, position);
   }
   void Place(int number, int parent, int position) {
-    sql_.Prepare(
-            "UPDATE object SET position = ?4, parent ="
-            " (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?3)"
-            " WHERE module = ?1 AND absolute_number = ?2",
-            id_, number, parent, position)
-        .Run();
+    Run("UPDATE object SET position = ?4, parent ="
+        " (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?3)"
+        " WHERE module = ?1 AND absolute_number = ?2",
+        number, parent, position);
   }
   void SetDeleted(int number, bool deleted) {
-    sql_.Prepare("UPDATE object SET deleted = ? WHERE module = ? AND absolute_number = ?", deleted, id_,
-                 number)
-        .Run();
+    Run("UPDATE object SET deleted = ?3 WHERE module = ?1 AND absolute_number = ?2", number, deleted);
   }
   void SetReadable(int number, bool readable) {
-    sql_.Prepare("UPDATE object SET readable = ? WHERE module = ? AND absolute_number = ?", readable, id_,
-                 number)
-        .Run();
+    Run("UPDATE object SET readable = ?3 WHERE module = ?1 AND absolute_number = ?2", number, readable);
   }
-
   void SetAttributeReadable(const Text& attribute, bool readable) {
-    sql_.Prepare("UPDATE attribute SET readable = ? WHERE module = ? AND name = ?", readable, id_, attribute)
-        .Run();
+    Run("UPDATE attribute SET readable = ?3 WHERE module = ?1 AND name = ?2", attribute, readable);
   }
 
   /// "" takes the value away.
   void Set(int number, const Text& attribute, const Text& value) {
-    sql_.Prepare(
-            "DELETE FROM value WHERE object = (SELECT id FROM object WHERE module = ?1 AND absolute_number = "
-            "?2) AND attribute = (SELECT id FROM attribute WHERE module = ?1 AND name = ?3)",
-            id_, number, attribute)
-        .Run();
+    Run("DELETE FROM value WHERE object = (SELECT id FROM object WHERE module = ?1 AND absolute_number = ?2)"
+        " AND attribute = (SELECT id FROM attribute WHERE module = ?1 AND name = ?3)",
+        number, attribute);
     if (value.empty()) return;
-    sql_.Prepare(
-            "INSERT INTO value (object, attribute, text)"
-            " SELECT o.id, a.id, ?4 FROM object o, attribute a WHERE o.module = ?1 AND o.absolute_number = ?2"
-            " AND a.module = ?1 AND a.name = ?3",
-            id_, number, attribute, value)
-        .Run();
+    Run("INSERT INTO value (object, attribute, text)"
+        " SELECT o.id, a.id, ?4 FROM object o, attribute a WHERE o.module = ?1 AND o.absolute_number = ?2"
+        " AND a.module = ?1 AND a.name = ?3",
+        number, attribute, value);
     if (sql_.Changes() != 1) throw std::logic_error("no such object or attribute: " + ToUtf8(attribute));
   }
 
   void AddView(const Text& name, const std::vector<Condition>& conditions, bool loadable = true) {
-    sql_.Prepare("INSERT INTO view (module, name, loadable) VALUES (?, ?, ?)", id_, name, loadable).Run();
+    Run("INSERT INTO view (module, name, loadable) VALUES (?1, ?2, ?3)", name, loadable);
     const std::int64_t view = sql_.LastInsertId();
-    for (const Condition& condition : conditions)
-      sql_.Prepare("INSERT INTO view_filter VALUES (?, ?, ?, ?)", view, condition.attribute, condition.op,
-                   condition.value)
-          .Run();
+    for (const auto& [attribute, op, value] : conditions)
+      sql_.Prepare("INSERT INTO view_filter VALUES (?, ?, ?, ?)", view, attribute, op, value).Run();
   }
 
  private:
+  /// ?1 is the module.
+  template <typename... Values>
+  void Run(const char* sql, const Values&... values) {
+    sql_.Prepare(sql, id_, values...).Run();
+  }
+
   standins::Database& sql_;
   standins::ItemId id_ = 0;
   Text path_;

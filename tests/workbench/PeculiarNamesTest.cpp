@@ -9,13 +9,15 @@ using testing::EndToEnd;
 using testing::ImportRun;
 
 struct PeculiarNames : ::testing::Test {
+  PeculiarNames() {
+    module.AddObject(1, 0, 1);
+    setup.mapping = {u"Absolute Number --> Name"};
+  }
   EndToEnd setup;
+  DoorsModule module{setup.database, u"M"};
 };
 
 TEST_F(PeculiarNames, OfAttributesAreImportedAsTheyAre) {
-  DoorsModule module(setup.database, u"M");
-  module.AddObject(1, 0, 1);
-  setup.mapping = {u"Absolute Number --> Name"};
   std::map<Text, Text> values = {{u"Name", u"1"}};
   for (const Text name : {u"say \"so\"", u"it's", u"a & <b>", u"100 %s", u"x]", u"~", u"a: b",
                           u"\u00C4\U0001F600", u"RestrictToView", u"<memo>", u"Object Identifier (2)"}) {
@@ -31,13 +33,11 @@ TEST_F(PeculiarNames, OfAttributesAreImportedAsTheyAre) {
 }
 
 TEST_F(PeculiarNames, ThatCannotBeMappedSpoilNothing) {
-  DoorsModule module(setup.database, u"M");
-  module.AddObject(1, 0, 1);
   for (const auto* name : {u"a [b]", u"x --> y", u"[", u" blank at its ends ", u"OrimNameAttr=", u"Status"}) {
     module.AddAttribute(name);
     module.Set(1, name, u"value");
   }
-  setup.mapping = {u"Absolute Number --> Name", u"Status --> Status"};
+  setup.mapping.push_back(u"Status --> Status");
   setup.Link(module.Path());
   for (int i = 0; i < 2; ++i) {
     const ImportRun run = setup.Import();
@@ -51,11 +51,8 @@ TEST_F(PeculiarNames, ThatCannotBeMappedSpoilNothing) {
 }
 
 TEST_F(PeculiarNames, OfViewsAreFound) {
-  DoorsModule module(setup.database, u"M");
-  module.AddObject(1, 0, 1);
   module.AddObject(2, 0, 2);
   module.Set(2, u"Object Text", u"shown");
-  setup.mapping = {u"Absolute Number --> Name"};
   setup.Link(module.Path());
   setup.EditOptions();
   for (const Text name : {u"it's \"so\"", u"100 %s", u"a = b", u"\u00C4 & <b>", u"[x] --> y"}) {
@@ -72,8 +69,7 @@ TEST_F(PeculiarNames, OfViewsAreFound) {
 
 // "~" stands between the parameters of a script.
 TEST_F(PeculiarNames, WithATildeAreRefusedInWords) {
-  DoorsModule module(setup.database, u"M"), tilde(setup.database, u"A~B");
-  module.AddObject(1, 0, 1);
+  const DoorsModule tilde(setup.database, u"A~B");
   module.AddView(u"C~D", {});
   const auto expect_refusal = [this](TextView name) {
     const ImportRun run = setup.Import();

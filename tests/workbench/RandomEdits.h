@@ -2,6 +2,7 @@
 #pragma once
 
 #include <random>
+#include <set>
 
 #include "tests/workbench/DoorsModule.h"
 #include "tests/workbench/ReferenceModule.h"
@@ -28,8 +29,7 @@ class RandomEdits {
     switch (Roll(10)) {
       case 0:
       case 1:
-        Add(AnyPlace());
-        return;
+        return static_cast<void>(Add(AnyPlace()));
       case 2:
         return AddTable(AnyPlace());
       case 3:
@@ -71,21 +71,17 @@ class RandomEdits {
     }
   }
 
-  /// An object outside of tables, 0 when there is none.
-  int AnyObject() {
+  /// An object of one of these kinds, 0 when there is none.
+  int AnyOf(const std::set<Text>& parts) {
     std::vector<int> numbers;
     for (const auto& [number, object] : reference_.objects)
-      if (object.part == u"none") numbers.push_back(number);
-    return numbers.empty() ? 0 : numbers[static_cast<std::size_t>(Roll(static_cast<int>(numbers.size())))];
+      if (parts.contains(object.part)) numbers.push_back(number);
+    return numbers.empty() ? 0 : OneOf(numbers);
   }
+  int AnyObject() { return AnyOf({u"none"}); }
   int AnyPlace() { return Roll(3) == 0 ? 0 : AnyObject(); }
   /// An object or a table, which goes as a whole.
-  int AnyBranch() {
-    std::vector<int> numbers;
-    for (const auto& [number, object] : reference_.objects)
-      if (object.part == u"none" || object.part == u"table") numbers.push_back(number);
-    return numbers.empty() ? 0 : numbers[static_cast<std::size_t>(Roll(static_cast<int>(numbers.size())))];
-  }
+  int AnyBranch() { return AnyOf({u"none", u"table"}); }
 
   void PlaceSiblings(int parent) {
     int position = 0;
@@ -140,13 +136,14 @@ class RandomEdits {
   void ChangeValueOf(int number) {
     switch (Roll(6)) {
       case 0:
-        return Set(number, u"Object Heading", OneOf({u"", u"Scope", u"Rest & <Risk>", Text(240, u'h')}));
+        return Set(number, u"Object Heading",
+                   OneOf<Text>({u"", u"Scope", u"Rest & <Risk>", Text(240, u'h')}));
       case 1:
         return Set(number, u"Object Text", LongerText(true));
       case 2:
-        return Set(number, u"Status", OneOf({u"", u"Open", u"Closed", u"Open "}));
+        return Set(number, u"Status", OneOf<Text>({u"", u"Open", u"Closed", u"Open "}));
       case 3:
-        return Set(number, u"Extra", OneOf({u"", u"extra", u"x \"quoted\" 'too'"}));
+        return Set(number, u"Extra", OneOf<Text>({u"", u"extra", u"x \"quoted\" 'too'"}));
       case 4:
         return Set(number, u"Remark", LongerText(false));
       default:
@@ -155,6 +152,7 @@ class RandomEdits {
   }
 
   Text LongerText(bool rich) {
+    static const Text kFits(255, u'y'), kTooLong(256, u'y');
     static const std::vector<Text> kPlain = {u"",
                                              u"short",
                                              u"x",
@@ -168,8 +166,8 @@ class RandomEdits {
                                              u" ",
                                              u"\ttab\t",
                                              u"\n",
-                                             Text(255, u'y'),
-                                             Text(256, u'y'),
+                                             kFits,
+                                             kTooLong,
                                              u"{\\b no rich text}",
                                              u"12",
                                              u"012"};
@@ -182,8 +180,9 @@ class RandomEdits {
     return OneOf(kPlain);
   }
 
-  Text OneOf(const std::vector<Text>& texts) {
-    return texts[static_cast<std::size_t>(Roll(static_cast<int>(texts.size())))];
+  template <typename Item>
+  const Item& OneOf(const std::vector<Item>& items) {
+    return items[static_cast<std::size_t>(Roll(static_cast<int>(items.size())))];
   }
 
   void Set(int number, const Text& attribute, const Text& value) {

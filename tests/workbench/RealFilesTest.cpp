@@ -18,7 +18,6 @@ class RealFile : public ::testing::Test {
   }
 
   std::vector<standins::LoadedModule> Load(TextView file) {
-    setup_.doors.UserClosesAll();
     const auto path = std::filesystem::path(KESTRUNE_SOURCE_DIR) / "tests/data/reqif" / ToPath(file);
     return standins::LoadReqif(setup_.database, FromPath(path), u"/Demo");
   }
@@ -56,9 +55,8 @@ class RealFile : public ::testing::Test {
     return package;
   }
 
-  PackageState InModel(bool with_trash = false) {
+  PackageState InModel() {
     PackageState package = ReadPackage(setup_, kFields);
-    if (!with_trash) std::erase_if(package, [](const auto& element) { return element.second.in_trash; });
     for (auto& [identifier, element] : package) element.position = 0;
     return package;
   }
@@ -93,49 +91,6 @@ TEST_F(RealFile, EveryObjectThatIsThereBecomesAnElementInItsPlace) {
       ExpectPackage(InModel(), InDatabase(modules[i].path));
     }
   }
-}
-
-TEST_F(RealFile, TheNextStateOfADocumentIsFollowedThereAndBack) {
-  const Text path = Load(u"resync-a.reqif")[0].path;
-  Link(path);
-  ImportTwice();
-  const struct {
-    TextView file;
-    std::size_t in_trash;
-  } states[] = {{u"resync-b.reqif", 1}, {u"resync-a.reqif", 23}, {u"resync-b.reqif", 1}};
-  for (const auto& state : states) {
-    SCOPED_TRACE(ToUtf8(state.file));
-    Load(state.file);
-    ImportTwice();
-    ExpectPackage(InModel(), InDatabase(path));
-    EXPECT_EQ(InModel(true).size() - InModel().size(), state.in_trash);
-  }
-}
-
-TEST_F(RealFile, AViewNarrowsTheImportUntilItIsLifted) {
-  const Text path = Load(u"doors-two-modules-77.reqif")[0].path;
-  setup_.database.Sql().Exec(
-      "INSERT INTO view (id, module, name) SELECT 1, min(module), 'Headings' FROM object;"
-      "INSERT INTO view_filter VALUES (1, 'Object Heading', 'not equals', '')");
-  Link(path);
-  ImportTwice();
-  const PackageState whole = InModel();
-
-  setup_.view = u"Headings";
-  setup_.EditOptions();
-  ImportTwice();
-  PackageState headings = whole;
-  std::erase_if(headings, [](const auto& element) { return !element.second.values.count(u"Alias"); });
-  for (auto& [identifier, element] : headings)
-    if (!headings.count(element.parent)) element.parent.clear();
-  EXPECT_LT(headings.size(), whole.size());
-  ExpectPackage(InModel(), headings);
-  EXPECT_EQ(InModel(true).size(), whole.size());
-
-  setup_.view = u"Standard view";
-  setup_.EditOptions();
-  ImportTwice();
-  ExpectPackage(InModel(true), whole);
 }
 
 }  // namespace

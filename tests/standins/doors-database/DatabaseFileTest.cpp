@@ -29,15 +29,6 @@ TEST_F(DatabaseFileTest, OfTheFirstVersionIsBroughtUpToDate) {
   EXPECT_TRUE(ModuleContent(database, database.FindPath(u"/Old")->id).Attributes()[0].readable);
 }
 
-TEST_F(DatabaseFileTest, NamesTheFileThatCannotBeWritten) {
-  DoorsDatabase::Create(Path(u"db"));
-  const std::string error = FailureOf([&] {
-    Database::OpenReadOnly(Path(u"db"))
-        .Exec("INSERT INTO item (parent, type, name) VALUES (1, 'Folder', 'F')");
-  });
-  EXPECT_NE(error.find("db: the file cannot be written; make it"), std::string::npos) << error;
-}
-
 TEST_F(DatabaseFileTest, RefusesWhatIsNoDatabaseOfOurs) {
   WriteFile(folder.File(u"text"),
             "no database at all, though it is long enough for a header of one hundred bytes, "
@@ -78,61 +69,18 @@ TEST_F(ItemsTest, AreFoundByPathFromTheRootOrAnyProject) {
   }
 }
 
-TEST_F(ItemsTest, HaveFullNamesFromTheNearestProject) {
-  for (const auto& [id, name] : std::map<ItemId, TextView>{{1, u"/"},
-                                                           {3, u"/Demo/Specs"},
-                                                           {4, u"/Demo/Specs/Car"},
-                                                           {6, u"/Inner/Deep"},
-                                                           {8, u"/Loose/Alone"}})
-    EXPECT_EQ(database.FullName(id), name);
-}
-
 TEST_F(ItemsTest, ThatFormACircleAreRefused) {
   database.Sql().Exec("UPDATE item SET type = 'Folder', parent = 3 WHERE id = 2");
   EXPECT_NE(FailureOf([&] { database.FullName(4); }).find("circle"), std::string::npos);
 }
 
-TEST_F(ItemsTest, OfKindModuleHaveDoorsOwnAttributes) {
-  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE module = 4 AND system"), u"9");
-  EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE module = 3"), u"0");
-}
-
-class ObjectsTest : public ItemsTest {
- protected:
-  void AddObjects(const char* rows) {
-    database.Sql().Exec("PRAGMA foreign_keys = OFF");  // as in a shell
-    database.Sql().Exec(
-        ("INSERT INTO object (id, module, absolute_number, parent, position) VALUES " + std::string(rows))
-            .c_str());
-  }
-};
-
-TEST_F(ObjectsTest, ComeInDocumentOrder) {
-  AddObjects(
-      "(1, 4, 30, 2, 2), (2, 4, 10, NULL, 1), (3, 4, 20, 2, 1), (4, 4, 40, NULL, 2), (5, 4, 25, 3, 9)");
-  const auto content = Content(u"/Demo/Specs/Car");
-  std::string order;
-  for (const DoorsObject& object : content.Objects()) {
-    order += std::to_string(object.absolute_number) + "@" + std::to_string(object.level) + "^" +
-             std::to_string(object.parent) + "-" + std::to_string(object.end) + " ";
-  }
-  EXPECT_EQ(order, "10@1^-1-4 20@2^0-3 25@3^1-3 30@2^0-4 40@1^-1-5 ");
-}
-
-TEST_F(ObjectsTest, ThatFormNoTreeAreRefused) {
-  AddObjects("(1, 4, 1, 2, 1), (2, 4, 2, 1, 1), (3, 4, 3, NULL, 1), (4, 8, 1, 77, 1)");
+TEST_F(ItemsTest, WhoseObjectsFormNoTreeAreRefused) {
+  database.Sql().Exec(
+      "PRAGMA foreign_keys = OFF;"  // as in a shell
+      "INSERT INTO object (id, module, absolute_number, parent, position) VALUES"
+      " (1, 4, 1, 2, 1), (2, 4, 2, 1, 1), (3, 4, 3, NULL, 1), (4, 8, 1, 77, 1)");
   EXPECT_NE(FailureOf([&] { Content(u"/Demo/Specs/Car"); }).find("its own ancestor"), std::string::npos);
   EXPECT_NE(FailureOf([&] { Content(u"/Loose/Alone"); }).find("outside its module"), std::string::npos);
-}
-
-TEST_F(ObjectsTest, MayLieHoweverDeep) {
-  std::string rows = "(1, 4, 1, NULL, 1)";
-  for (int i = 2; i <= 20000; ++i) {
-    const std::string id = std::to_string(i);
-    rows += ",(" + id + ", 4, " + id + ", " + std::to_string(i - 1) + ", 1)";
-  }
-  AddObjects(rows.c_str());
-  EXPECT_EQ(Content(u"/Demo/Specs/Car").Objects().back().level, 20000);
 }
 
 }  // namespace

@@ -1,15 +1,10 @@
-// Running scripts in tests: a library with a few DOORS-like handles, and a host that keeps
-// what a script prints.
+// Running scripts in tests, without a library: types and perms of DOORS are tried where they are made.
 #pragma once
 
 #include "standins/dxl/Library.h"
 #include "standins/dxl/Script.h"
 
 namespace kestrune::dxl {
-
-/// Module, Object, AttrDef, Attr__ over one fixed module "/Reqs" (prefix R) with the objects 1 to 3; the
-/// attribute "Missing" is unknown. The signatures are DXL's.
-std::unique_ptr<Library> NewTestLibrary();
 
 class RecordingHost : public Host {
  public:

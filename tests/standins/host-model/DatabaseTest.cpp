@@ -39,29 +39,6 @@ TEST_F(SqliteDatabase, ValuesComeBackAsTheyWereBound) {
   EXPECT_NE(FailureOf([&] { insert.Bind(Variant(Object())); }), "");
 }
 
-TEST_F(SqliteDatabase, OneSqlTextCanBeInUseTwiceAtOnce) {
-  for (int i = 1; i <= 3; ++i) database.Prepare("INSERT INTO t VALUES (?, ?)", i, i).Run();
-  int pairs = 0;
-  Statement outer = database.Prepare("SELECT value FROM t WHERE id > ?", 0);
-  while (outer.Step()) {
-    Statement inner = database.Prepare("SELECT value FROM t WHERE id > ?", 1);
-    while (inner.Step()) ++pairs;
-  }
-  EXPECT_EQ(pairs, 6);
-}
-
-TEST_F(SqliteDatabase, ATransactionLastsOnlyWithItsCommit) {
-  {
-    Transaction undone(database);
-    database.Prepare("INSERT INTO t VALUES (1, 1)").Run();
-  }
-  EXPECT_EQ(Rows(), 0);
-  Transaction kept(database);
-  database.Prepare("INSERT INTO t VALUES (1, 1)").Run();
-  kept.Commit();
-  EXPECT_EQ(Rows(), 1);
-}
-
 TEST_F(SqliteDatabase, FailuresCarryTheMessageOfTheDatabase) {
   database.Prepare("INSERT INTO t VALUES (1, 1)").Run();
   EXPECT_EQ(FailureOf([&] { database.Prepare("INSERT INTO t VALUES (1, 1)").Run(); }),

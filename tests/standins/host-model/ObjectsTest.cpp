@@ -5,24 +5,6 @@ namespace {
 
 class OrimObjects : public ModelTest {};
 
-TEST_F(OrimObjects, EveryElementFieldComesBackAfterItsSave) {
-  const char16_t* const texts[] = {u"Name",    u"Notes",    u"Alias",      u"Author",   u"Phase",
-                                   u"Version", u"Priority", u"Difficulty", u"KeyWords", u"Status"};
-  const Object element = AddElement(u"E");
-  const std::int32_t parent_id = IdOf(AddElement(u"Parent"));
-  for (const char16_t* field : texts) element.Put(field, Text(u"of ") + field + u"\xD800\r\n");
-  element.Put(u"ParentID", parent_id);
-  PutAndSave(element, u"TreePos", u"30");
-
-  const Object stored = ElementOf(IdOf(element));
-  for (const char16_t* field : texts)
-    EXPECT_EQ(stored.Get(field).ToText(), Text(u"of ") + field + u"\xD800\r\n");
-  EXPECT_EQ(stored.Get(u"ParentID").ToInt(), parent_id);
-  EXPECT_EQ(stored.Get(u"TreePos").ToInt(), 30);
-  EXPECT_EQ(stored.Get(u"PackageID").ToInt(), package_id);
-  EXPECT_EQ(stored.Get(u"Type").ToText(), u"Requirement");
-}
-
 TEST_F(OrimObjects, UnsavedChangesAreSeenByTheirOwnObjectOnly) {
   const Object one = AddElement(u"Before"), other = ElementOf(IdOf(one));
   one.Put(u"Name", u"After");
@@ -32,47 +14,11 @@ TEST_F(OrimObjects, UnsavedChangesAreSeenByTheirOwnObjectOnly) {
   EXPECT_EQ(ElementOf(IdOf(one)).Get(u"Name").ToText(), u"After");
   EXPECT_EQ(other.Get(u"Name").ToText(), u"Before");
 
-  const Object tag = AddTaggedValue(one, u"Tag", u"old");
-  tag.Put(u"Value", u"new");
-  EXPECT_EQ(StoredValue(one, u"Tag"), u"old");
-  tag.Call(u"Save");
-  EXPECT_EQ(StoredValue(one, u"Tag"), u"new");
-
   const Object package = Package();
   package.Put(u"Name", u"Renamed");
   EXPECT_EQ(Package().Get(u"Name").ToText(), u"Requirements");
   package.Call(u"Save");
-  EXPECT_EQ(Package().Get(u"Name").ToText(), u"Renamed");
   EXPECT_EQ(Package().Get(u"Element").ToObject().Get(u"Name").ToText(), u"Renamed");
-}
-
-TEST_F(OrimObjects, WhatAddNewMakesIsStoredByItsSave) {
-  const Object elements = Package().Get(u"Elements").ToObject();
-  const Object element = elements.Call(u"AddNew", {u"New", u"Requirement"}).ToObject();
-  elements.Call(u"Refresh");
-  EXPECT_EQ(elements.Get(u"Count").ToInt(), 0);
-  EXPECT_EQ(IdOf(element), 0);
-  element.Call(u"Save");
-  EXPECT_EQ(elements.Get(u"Count").ToInt(), 0) << "the list waits for Refresh";
-  elements.Call(u"Refresh");
-  ASSERT_EQ(elements.Get(u"Count").ToInt(), 1);
-  EXPECT_EQ(IdOf(elements.Call(u"GetAt", {0}).ToObject()), IdOf(element));
-  EXPECT_EQ(IdOf(elements.Call(u"GetByName", {u"New"}).ToObject()), IdOf(element));
-}
-
-TEST_F(OrimObjects, ANewPackageHasAnElementInItsParent) {
-  const Object packages = Package().Get(u"Packages").ToObject();
-  const Object child = packages.Call(u"AddNew", {u"Trash Can", u""}).ToObject();
-  PutAndSave(child, u"Flags", u"x=1;");
-  const Object found = packages.Call(u"GetByName", {u"Trash Can"}).ToObject();
-  EXPECT_EQ(found.Get(u"PackageID").ToInt(), child.Get(u"PackageID").ToInt());
-  EXPECT_EQ(found.Get(u"Flags").ToText(), u"x=1;");
-  const Object element = found.Get(u"Element").ToObject();
-  EXPECT_EQ(element.Get(u"Type").ToText(), u"Package");
-  EXPECT_EQ(element.Get(u"PackageID").ToInt(), package_id);
-  EXPECT_EQ(Package().Get(u"Elements").ToObject().Get(u"Count").ToInt(), 0);
-  const Object by_guid = repository.Call(u"PackageByGuid", {found.Get(u"PackageGuid")}).ToObject();
-  EXPECT_EQ(by_guid.Get(u"Name").ToText(), u"Trash Can");
 }
 
 TEST_F(OrimObjects, ATaggedValueIsDeletedAtOnce) {

@@ -4,15 +4,6 @@
 namespace kestrune::standins {
 namespace {
 
-constexpr const char16_t* kContentQuery =
-    u"SELECT t_object.Object_ID, t_object.ParentID, t_object.Name, t_object.Note, t_object.TPos, "
-    u"t_object.Alias, "
-    u"t_object.Author, t_object.Phase, t_object.[Version], t_object.PDATA2, t_object.PDATA3, "
-    u"t_object.PDATA5, "
-    u"t_object.Status, [Property], [Value] FROM t_object INNER JOIN t_objectproperties ON "
-    u"t_objectproperties.Object_ID = t_object.Object_ID WHERE t_object.Package_ID IN (%s) ORDER BY "
-    u"t_object.Object_ID";
-
 class OrimQuery : public ModelTest {
  protected:
   /// The rows of the answer, each as "Column=text" per column, joined by "|".
@@ -27,49 +18,7 @@ class OrimQuery : public ModelTest {
     }
     return rows;
   }
-
-  static Text ContentQuery(const Text& ids) {
-    Text sql = kContentQuery;
-    return sql.replace(sql.find(u"%s"), 2, ids);
-  }
 };
-
-TEST_F(OrimQuery, ThePackageContentIsOneRowPerElementAndTaggedValue) {
-  const std::int32_t trash_id = model.AddPackage(package_id, u"Trash Can");
-  const std::int32_t elsewhere_id = model.AddPackage(package_id, u"Elsewhere");
-  const Object first = AddElement(u"First"), second = AddElement(u"Second"), third = AddElement(u"Third"),
-               stray = AddElement(u"Stray");
-  AddElement(u"Without tagged values");
-  for (const char16_t* field : {u"Notes", u"Alias", u"Author", u"Phase", u"Version", u"Priority",
-                                u"Difficulty", u"KeyWords", u"Status"})
-    second.Put(field, field);
-  second.Put(u"ParentID", IdOf(first));
-  PutAndSave(second, u"TreePos", 20);
-  PutAndSave(third, u"PackageID", trash_id);
-  PutAndSave(stray, u"PackageID", elsewhere_id);
-  AddTaggedValue(second, u"Object Identifier", u"R2");
-  AddTaggedValue(first, u"Object Identifier", u"R1");
-  AddTaggedValue(first, u"Created By", u"me");
-  AddTaggedValue(third, u"Object Identifier", u"R3");
-  AddTaggedValue(stray, u"Object Identifier", u"R4");
-
-  const auto id = [](const Object& element) { return std::to_string(IdOf(element)); };
-  const std::string first_row = "Object_ID=" + id(first) + "|ParentID=0|Name=First|TPos=0|Property=";
-  const std::vector<std::string> in_package = {
-      first_row + "Object Identifier|Value=R1", first_row + "Created By|Value=me",
-      "Object_ID=" + id(second) + "|ParentID=" + id(first) +
-          "|Name=Second|Note=Notes|TPos=20|Alias=Alias|Author=Author|Phase=Phase|Version=Version|PDATA2="
-          "Priority"
-          "|PDATA3=Difficulty|PDATA5=KeyWords|Status=Status|Property=Object Identifier|Value=R2"};
-  EXPECT_EQ(Rows(ContentQuery(ToText(package_id))), in_package);
-  std::vector<std::string> with_trash = in_package;
-  with_trash.push_back("Object_ID=" + id(third) +
-                       "|ParentID=0|Name=Third|TPos=0|Property=Object Identifier|Value=R3");
-  EXPECT_EQ(Rows(ContentQuery(ToText(package_id) + u"," + ToText(trash_id))), with_trash);
-  EXPECT_EQ(Rows(ContentQuery(u"999")), std::vector<std::string>());
-  EXPECT_EQ(Rows(u"SELECT Object_ID FROM t_object WHERE ParentID=" + ToText(IdOf(first))),
-            std::vector<std::string>{"Object_ID=" + id(second)});
-}
 
 TEST_F(OrimQuery, ColumnNamesAreSpelledAsTheHostSpellsThem) {
   const Text sql = u"SELECT Package_ID, Name AS aB FROM t_package WHERE Name = 'Model'";

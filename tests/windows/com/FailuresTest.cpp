@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/com/ComText.h"
+#include "tests/support/TestHost.h"
 #include "tests/windows/com/DllUnderTest.h"
-#include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"
 
 namespace kestrune::testing {
@@ -14,15 +14,14 @@ constexpr auto kNumber = static_cast<HRESULT>(0x800403E9);
 
 class FailuresTest : public ::testing::Test {
  protected:
-  FailuresTest() {
-    host.on_build = [] { throw AutomationError(0x800403E9, u"Host", u"The model is böse."); };
-  }
-  HostModel host;
-  Object repository{std::make_shared<HostRepository>(host)};
+  void FailNextCall() { host.model.Faults().FailCall(1, {0x800403E9, u"Host", u"The model is böse."}); }
+  TestHost host;
+  Object repository = host.model.Repository();
   ComPtr<IDispatch> add_in = NewAddIn();
 };
 
 TEST_F(FailuresTest, AHostsFailureComesBackToALateBoundCaller) {
+  FailNextCall();
   const LateAnswer answer = CallLate(*add_in.Get(), L"Orim_Connect", {repository});
   EXPECT_EQ(answer.result, DISP_E_EXCEPTION);
   EXPECT_EQ(answer.number, kNumber);
@@ -30,7 +29,7 @@ TEST_F(FailuresTest, AHostsFailureComesBackToALateBoundCaller) {
   EXPECT_EQ(answer.description, "The model is böse.");
 }
 
-TEST_F(FailuresTest, AndToAnEarlyBoundOne) {
+TEST_F(FailuresTest, AndToAnEarlyBoundOneWhoseResultsAreItsOwn) {
   const auto early = add_in.As<_OrimDoors>(__uuidof(_OrimDoors));
   const auto supporting = add_in.As<ISupportErrorInfo>(IID_ISupportErrorInfo);
   ASSERT_TRUE(early && supporting);
@@ -39,24 +38,17 @@ TEST_F(FailuresTest, AndToAnEarlyBoundOne) {
 
   auto handed = ToDispatch(repository);
   IDispatch* handed_over = handed.Get();
-  Bstr result;
+  Bstr result, source, description;
+  FailNextCall();
   EXPECT_EQ(early->Orim_Connect(&handed_over, result.Out()), kNumber);
   EXPECT_EQ(result.Get(), nullptr);
   ComPtr<IErrorInfo> info;
   ASSERT_EQ(GetErrorInfo(0, info.Out()), S_OK);
-  Bstr source, description;
   info->GetSource(source.Out());
   info->GetDescription(description.Out());
   EXPECT_EQ(source.View(), u"Host");
   EXPECT_EQ(description.View(), u"The model is böse.");
-}
 
-TEST_F(FailuresTest, EarlyBoundResultsAndMissingPlaces) {
-  host.on_build = [] {};
-  const auto early = add_in.As<_OrimDoors>(__uuidof(_OrimDoors));
-  auto handed = ToDispatch(repository);
-  IDispatch* handed_over = handed.Get();
-  Bstr result;
   EXPECT_EQ(early->Orim_Connect(&handed_over, result.Out()), S_OK);
   EXPECT_EQ(result.View(), u"Plexa");
   EXPECT_EQ(early->Orim_Connect(&handed_over, nullptr), E_POINTER);

@@ -51,6 +51,12 @@ std::string Taken(BSTR text) {
 
 }  // namespace
 
+Args With(const Object& repository, const Args& args) {
+  Args all = {repository};
+  for (const Variant& arg : args) all.push_back(arg);
+  return all;
+}
+
 LateAnswer CallLate(IDispatch& object, const wchar_t* name, const Args& args, Passing passing) {
   LateAnswer answer;
   DISPID id = DISPID_UNKNOWN;

@@ -19,6 +19,9 @@ struct LateAnswer {
   std::string description;
 };
 
+/// The arguments of a callback: the repository, and `args` behind it.
+Args With(const Object& repository, const Args& args = {});
+
 LateAnswer CallLate(IDispatch& object, const wchar_t* name, const Args& args,
                     Passing passing = Passing::kByValue);
 

@@ -2,21 +2,18 @@
 #include <gtest/gtest.h>
 
 #include "standins/windows/screen/UiThread.h"
-#include "tests/options/SimulatedPackage.h"
+#include "tests/support/TestHost.h"
 #include "tests/windows/com/DllUnderTest.h"
-#include "tests/windows/com/DoorsInProcess.h"
-#include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"
 #include "tests/windows/dialogs/Person.h"
 
 namespace kestrune::testing {
 namespace {
 
-/// A dialog, and the keys that open the next one from it.
+/// A dialog, and the key that opens the next one from it, with Alt.
 struct Step {
   const char16_t* title;
-  std::vector<WORD> keys = {};
-  WORD held = 0;
+  WORD key = 0;
 };
 
 struct HeldCall {
@@ -25,23 +22,18 @@ struct HeldCall {
   const wchar_t* callback;
   Args args;  // after the repository
   std::string answer;
-  bool has_doors = false;
 };
 
 class LettingGoTest : public ::testing::TestWithParam<HeldCall> {
  protected:
   LettingGoTest() {
-    host.build = 826;
-    host.selected_package = Object(std::make_shared<SimulatedPackage>(package));
-    const auto record = std::make_shared<PackageModel::Tag>();
-    record->name = u"DoorsConnection";
-    record->notes = u"These are\r\nthe rules.\r\n\r\nA\r\nB --> Name\r\n";
-    package.tags = {record};
+    host.model.SetLibraryBuild(826);
+    const auto record = host.Package().Element().TaggedValues().AddNew(u"DoorsConnection", u"<memo>");
+    record.SetNotes(u"These are\r\nthe rules.\r\n\r\nA\r\nB --> Name\r\n");
+    record.Save();
   }
   LateAnswer Call(IDispatch& add_in) {
-    Args args = GetParam().args;
-    args.insert(args.begin(), Variant(repository));
-    return CallLate(add_in, GetParam().callback, args);
+    return CallLate(add_in, GetParam().callback, With(repository, GetParam().args));
   }
   static HRESULT CanUnload() { return Export<HRESULT STDMETHODCALLTYPE()>("DllCanUnloadNow")(); }
   /// Opens the dialogs on the way, does `what` in the last one, and closes them all.
@@ -49,7 +41,7 @@ class LettingGoTest : public ::testing::TestWithParam<HeldCall> {
     std::vector<Screen> opened;
     for (const Step& step : GetParam().way) {
       opened.emplace_back(step.title);
-      for (const WORD key : step.keys) opened.back().Key(key, step.held);
+      if (step.key) opened.back().Key(step.key, VK_MENU);
     }
     what();
     for (; !opened.empty(); opened.pop_back()) {
@@ -60,15 +52,12 @@ class LettingGoTest : public ::testing::TestWithParam<HeldCall> {
     }
   }
 
-  HostModel host;
-  PackageModel package;
-  Object repository{std::make_shared<HostRepository>(host)};
+  TestHost host;
+  Object repository = host.model.Repository();
 };
 
 TEST_P(LettingGoTest, TheCallbackComesToItsEnd) {
   const standins::UiThread ui;
-  std::optional<DoorsInProcess> doors;
-  if (GetParam().has_doors) doors.emplace();
   IDispatch* add_in = NewAddIn().Release();
   HRESULT in_dialog = E_FAIL;
   const auto let_go = [&] {
@@ -91,33 +80,23 @@ TEST_P(LettingGoTest, ManyCallsLeaveNoReferenceBehind) {
     add_in->AddRef();
     return add_in->Release();
   };
-  std::optional<DoorsInProcess> doors;
-  if (GetParam().has_doors) doors.emplace();
   const ULONG before = references();
+  const auto repositories = repository.Peer().use_count();
   for (int i = 0; i < 20; ++i) WithPerson([] { Go([] {}); }, [&] { Call(*add_in.Get()); });
   EXPECT_EQ(references(), before);
-  EXPECT_EQ(repository.Peer().use_count(), 1);
+  EXPECT_EQ(repository.Peer().use_count(), repositories);
 }
 
-const Args kConnect = {7, u"{A}"};
 const HeldCall kHeldCalls[] = {
     {"MessageBox", {{u"Kestrune Link"}}, L"Orim_Connect", {}, "BSTR "},
     {"About", {{u"About"}}, L"Orim_MenuClick", {u"-DOORS", u"&About"}, "EMPTY"},
-    {"Options", {{u"Options"}}, L"Orim_MenuClick", {u"-DOORS", u"&Options"}, "EMPTY"},
     {"Wizard",
-     {{u"Options", {'M'}, VK_MENU}, {u"Configure attribute mapping"}},
+     {{u"Options", 'M'}, {u"Configure attribute mapping"}},
      L"Orim_MenuClick",
      {u"-DOORS", u"&Options"},
      "EMPTY"},
     {"Import", {{u"Connect to Doors"}}, L"Orim_MenuClick", {u"-DOORS", u"&Import"}, "EMPTY"},
-    {"ConnectProgress", {{u"Connect to Doors"}}, L"Plexa_Connect", kConnect, "I4 0"},
-    {"Connect", {{u"DOORS Connection"}}, L"Plexa_Connect", kConnect, "I4 0", true},
-    {"Input",
-     {{u"DOORS Connection", {VK_TAB, VK_SPACE}}, {u"Manual DOORS Connection"}},
-     L"Plexa_Connect",
-     kConnect,
-     "I4 0",
-     true}};
+    {"Connect", {{u"Connect to Doors"}}, L"Plexa_Connect", {1, u"{A}"}, "I4 0"}};
 INSTANTIATE_TEST_SUITE_P(Dialogs, LettingGoTest, ::testing::ValuesIn(kHeldCalls),
                          [](const auto& info) { return std::string(info.param.name); });
 

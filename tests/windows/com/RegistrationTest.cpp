@@ -14,13 +14,18 @@ constexpr const wchar_t* kClassKey = L"Software\\Classes\\CLSID\\{BA85A3AB-7716-
 constexpr const wchar_t* kLibraryKey = L"Software\\Classes\\TypeLib\\{86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}";
 constexpr const wchar_t* kInterfaceKey =
     L"Software\\Classes\\Interface\\{A6CA57E3-F049-488E-8BBC-7CD2EF92E212}";
-constexpr const wchar_t* kKind = sizeof(void*) == 8 ? L"win64" : L"win32";
-constexpr const wchar_t* kOtherKind = sizeof(void*) == 8 ? L"win32" : L"win64";
-constexpr const wchar_t* kKeys[] = {kProgIdKey, kClassKey, kLibraryKey, kInterfaceKey};
+constexpr bool kIs64Bit = sizeof(void*) == 8;
+const std::string kKind = kIs64Bit ? "win64" : "win32";
+const std::string kOtherKind = kIs64Bit ? "win32" : "win64";
 
-std::vector<std::string> Lines(std::vector<std::string> lines) {
-  return lines;
-}
+using Lines = std::vector<std::string>;
+const Lines kNoKey = {"no such key"};
+
+struct AudienceCase {
+  const wchar_t* name;
+  HKEY root;
+};
+const AudienceCase kAudiences[] = {{L"user", HKEY_CURRENT_USER}, {L"machine", HKEY_LOCAL_MACHINE}};
 
 class RegistrationTest : public ::testing::Test {
  protected:
@@ -28,22 +33,21 @@ class RegistrationTest : public ::testing::Test {
   ~RegistrationTest() override { Clear(); }
 
   void ExpectRegistered(HKEY root) {
-    EXPECT_EQ(TreeAt(root, kProgIdKey),
-              Lines({" = Kestrune Link", "\\CLSID = {BA85A3AB-7716-4C90-B8D4-994A5DB694E3}"}));
-    EXPECT_EQ(TreeAt(root, kClassKey),
-              Lines({" = Kestrune Link", "\\InprocServer32 = " + ToUtf8(DllPath()),
-                     "\\InprocServer32 ThreadingModel = Apartment", "\\ProgID = Kestrune.OrimDoors",
-                     "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}"}));
-    EXPECT_EQ(
-        TreeAt(root, kLibraryKey),
-        Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\" + ToUtf8(FromWide(kKind)) + " = " + ToUtf8(DllPath()),
-               "\\1.0\\FLAGS = 0"}));
-    EXPECT_EQ(TreeAt(root, kInterfaceKey),
-              Lines({" = _OrimDoors", "\\ProxyStubClsid32 = {00020424-0000-0000-C000-000000000046}",
-                     "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}", "\\TypeLib Version = 1.0"}));
+    const std::string file = ToUtf8(DllPath());
+    const std::pair<const wchar_t*, Lines> trees[] = {
+        {kProgIdKey, {" = Kestrune Link", "\\CLSID = {BA85A3AB-7716-4C90-B8D4-994A5DB694E3}"}},
+        {kClassKey,
+         {" = Kestrune Link", "\\InprocServer32 = " + file, "\\InprocServer32 ThreadingModel = Apartment",
+          "\\ProgID = Kestrune.OrimDoors", "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}"}},
+        {kLibraryKey, {"\\1.0 = Kestrune Link", "\\1.0\\0\\" + kKind + " = " + file, "\\1.0\\FLAGS = 0"}},
+        {kInterfaceKey,
+         {" = _OrimDoors", "\\ProxyStubClsid32 = {00020424-0000-0000-C000-000000000046}",
+          "\\TypeLib = {86DA3E7B-2DD0-4BE2-BBAC-B1A73B6A04CA}", "\\TypeLib Version = 1.0"}}};
+    for (const auto& [key, lines] : trees) EXPECT_EQ(TreeAt(root, key), lines);
   }
   void ExpectNothing(HKEY root) {
-    for (const wchar_t* key : kKeys) EXPECT_EQ(TreeAt(root, key), Lines({"no such key"}));
+    for (const wchar_t* key : {kProgIdKey, kClassKey, kLibraryKey, kInterfaceKey})
+      EXPECT_EQ(TreeAt(root, key), kNoKey);
   }
 
  private:
@@ -54,17 +58,19 @@ class RegistrationTest : public ::testing::Test {
 };
 
 TEST_F(RegistrationTest, WithoutAnAudienceTheUserIsMeant) {
-  EXPECT_EQ(RegisterServer(), S_OK);
-  ExpectRegistered(HKEY_CURRENT_USER);
-  ExpectNothing(HKEY_LOCAL_MACHINE);
-  EXPECT_EQ(UnregisterServer(), S_OK);
-  ExpectNothing(HKEY_CURRENT_USER);
   for (const wchar_t* audience : {L"user", L"USER", L"", static_cast<const wchar_t*>(nullptr)}) {
     EXPECT_EQ(Install(TRUE, audience), S_OK);
+    ExpectRegistered(HKEY_CURRENT_USER);
+    ExpectNothing(HKEY_LOCAL_MACHINE);
+    EXPECT_EQ(UnregisterServer(), S_OK);
+    ExpectNothing(HKEY_CURRENT_USER);
+    EXPECT_EQ(RegisterServer(), S_OK);
     ExpectRegistered(HKEY_CURRENT_USER);
     EXPECT_EQ(Install(FALSE, audience), S_OK);
     ExpectNothing(HKEY_CURRENT_USER);
   }
+  for (const BOOL install : {TRUE, FALSE}) EXPECT_EQ(Install(install, L"everybody"), E_INVALIDARG);
+  ExpectNothing(HKEY_CURRENT_USER);
 }
 
 TEST_F(RegistrationTest, ForTheMachineTheAddInIsFoundByItsProgId) {
@@ -92,58 +98,42 @@ TEST_F(RegistrationTest, ThatForTheMachineTakesTheUsersOwnOutOfItsWay) {
 }
 
 TEST_F(RegistrationTest, RegisteringAgainAndUnregisteringWhatIsNotThereDoNoHarm) {
-  for (const wchar_t* audience : {L"user", L"machine"}) {
-    EXPECT_EQ(Install(FALSE, audience), S_OK);
-    EXPECT_EQ(Install(TRUE, audience), S_OK);
-    EXPECT_EQ(Install(TRUE, audience), S_OK);
-    EXPECT_EQ(Install(FALSE, audience), S_OK);
-    EXPECT_EQ(Install(FALSE, audience), S_OK);
+  for (const AudienceCase& audience : kAudiences) {
+    for (const BOOL install : {FALSE, TRUE, TRUE}) EXPECT_EQ(Install(install, audience.name), S_OK);
+    RegDeleteTreeW(audience.root, kProgIdKey);
+    RegDeleteTreeW(audience.root, kLibraryKey);
+    for (const BOOL install : {FALSE, FALSE}) EXPECT_EQ(Install(install, audience.name), S_OK);
+    ExpectNothing(audience.root);
   }
-  EXPECT_EQ(Install(TRUE, L"machine"), S_OK);
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, kProgIdKey);
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, kLibraryKey);
-  EXPECT_EQ(Install(FALSE, L"machine"), S_OK);
-  ExpectNothing(HKEY_LOCAL_MACHINE);
 }
 
 TEST_F(RegistrationTest, AFailureHalfWayLeavesNothingBehind) {
-  for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+  for (const AudienceCase& audience : kAudiences) {
     HKEY volatile_key = nullptr;  // takes no lasting keys
-    ASSERT_EQ(RegCreateKeyExW(root, kClassKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr,
+    ASSERT_EQ(RegCreateKeyExW(audience.root, kClassKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr,
                               &volatile_key, nullptr),
               ERROR_SUCCESS);
     RegCloseKey(volatile_key);
-    const bool is_machine = root == HKEY_LOCAL_MACHINE;
-    EXPECT_EQ(Install(TRUE, is_machine ? L"machine" : L"user"),
-              HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
-    ExpectNothing(root);
+    EXPECT_EQ(Install(TRUE, audience.name), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+    ExpectNothing(audience.root);
   }
 }
 
 TEST_F(RegistrationTest, WhatTheAddInOfTheOtherBitnessNeedsStays) {
-  const std::wstring kinds = kLibraryKey + std::wstring(L"\\1.0\\0\\");
-  for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-    const wchar_t* audience = root == HKEY_LOCAL_MACHINE ? L"machine" : L"user";
-    EXPECT_EQ(Install(TRUE, audience), S_OK);
-    const auto program_id = TreeAt(root, kProgIdKey);
-    RegSetKeyValueW(root, (kinds + kOtherKind).c_str(), L"", REG_SZ, L"X", 2 * sizeof(wchar_t));
-    EXPECT_EQ(Install(FALSE, audience), S_OK);
-    EXPECT_EQ(TreeAt(root, kProgIdKey), program_id);
-    EXPECT_EQ(TreeAt(root, kLibraryKey),
-              Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\" + ToUtf8(FromWide(kOtherKind)) + " = X",
-                     "\\1.0\\FLAGS = 0"}));
-    EXPECT_EQ(TreeAt(root, kClassKey), Lines({"no such key"}));
-    RegDeleteTreeW(root, (kinds + kOtherKind).c_str());
-    EXPECT_EQ(Install(FALSE, audience), S_OK);
-    ExpectNothing(root);
+  const Text other = Text(FromWide(kLibraryKey)) + u"\\1.0\\0\\" + FromUtf8(kOtherKind);
+  for (const AudienceCase& audience : kAudiences) {
+    EXPECT_EQ(Install(TRUE, audience.name), S_OK);
+    const Lines program_id = TreeAt(audience.root, kProgIdKey);
+    RegSetKeyValueW(audience.root, Wide(other), L"", REG_SZ, L"X", 2 * sizeof(wchar_t));
+    EXPECT_EQ(Install(FALSE, audience.name), S_OK);
+    EXPECT_EQ(TreeAt(audience.root, kProgIdKey), program_id);
+    EXPECT_EQ(TreeAt(audience.root, kLibraryKey),
+              Lines({"\\1.0 = Kestrune Link", "\\1.0\\0\\" + kOtherKind + " = X", "\\1.0\\FLAGS = 0"}));
+    EXPECT_EQ(TreeAt(audience.root, kClassKey), kNoKey);
+    RegDeleteTreeW(audience.root, Wide(other));
+    EXPECT_EQ(Install(FALSE, audience.name), S_OK);
+    ExpectNothing(audience.root);
   }
-}
-
-TEST_F(RegistrationTest, AnUnknownAudienceIsRefused) {
-  EXPECT_EQ(Install(TRUE, L"everybody"), E_INVALIDARG);
-  EXPECT_EQ(Install(FALSE, L"everybody"), E_INVALIDARG);
-  ExpectNothing(HKEY_CURRENT_USER);
-  ExpectNothing(HKEY_LOCAL_MACHINE);
 }
 
 }  // namespace

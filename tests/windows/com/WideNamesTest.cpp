@@ -4,8 +4,8 @@
 #include "platform/Files.h"
 #include "platform/com/ComText.h"
 #include "platform/windows/Win32Folders.h"
+#include "tests/support/TestHost.h"
 #include "tests/windows/com/DllUnderTest.h"
-#include "tests/windows/com/HostStandIn.h"
 #include "tests/windows/com/LateCall.h"
 
 namespace kestrune::testing {
@@ -49,8 +49,8 @@ TEST_F(WideNamesTest, ThatUsersLinksAreFoundByAnAddInInSuchAFolder) {
   ASSERT_TRUE(copy);
   {
     const auto add_in = NewAddIn(copy);
-    HostModel host;
-    const Object repository(std::make_shared<HostRepository>(host));
+    const TestHost host;
+    const Object repository = host.model.Repository();
     const auto ask = [&](const wchar_t* callback, const Args& args) {
       return CallLate(*add_in.Get(), callback, args).value;
     };

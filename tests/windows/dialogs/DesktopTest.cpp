@@ -1,42 +1,11 @@
 // The desktop's services beyond dialogs.
 #include <atomic>
 
-#include "tests/windows/dialogs/DialogTest.h"
+#include "tests/windows/dialogs/DialogStage.h"
 #include "tests/windows/dialogs/HostWindows.h"
 
 namespace kestrune::testing {
 namespace {
-
-struct BoxCase {
-  Buttons buttons;
-  Icon icon;
-  WORD key;
-  Answer answer;
-};
-
-class MessageBoxTest : public DialogTest, public ::testing::WithParamInterface<BoxCase> {};
-
-TEST_P(MessageBoxTest, IsAnswered) {
-  const BoxCase& box = GetParam();
-  WithPerson(
-      [&] {
-        const Screen screen(u"Kestrune Link");
-        EXPECT_EQ(screen.TextAt(0xFFFF), u"Größe?\r\n100 %");
-        screen.Key(box.key);
-      },
-      [&] {
-        const Message message = {
-            .Body = u"Größe?\r\n100 %", .Title = u"Kestrune Link", .Icon = box.icon, .Buttons = box.buttons};
-        EXPECT_EQ(desktop.Show(message), box.answer);
-      });
-}
-
-INSTANTIATE_TEST_SUITE_P(Boxes, MessageBoxTest,
-                         ::testing::Values(BoxCase{Buttons::kOk, Icon::kStop, VK_ESCAPE, Answer::kOk},
-                                           BoxCase{Buttons::kOk, Icon::kInformation, VK_RETURN, Answer::kOk},
-                                           BoxCase{Buttons::kYesNo, Icon::kQuestion, 'N', Answer::kNo},
-                                           BoxCase{Buttons::kYesNo, Icon::kExclamation, VK_RETURN,
-                                                   Answer::kYes}));
 
 TEST_F(DialogTest, TheClipboardKeepsEveryCharacter) {
   for (const Text& text : {Text(u"Größe €\r\n𝄞"), Text(), Text(10000, u'x')}) {

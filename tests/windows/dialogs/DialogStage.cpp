@@ -2,10 +2,14 @@
 
 namespace kestrune::testing {
 
-void DialogStage::StoreRules(const std::vector<Text>& rules) {
+void DialogStage::StoreRules(const std::vector<Text>& rules) const {
   Text record = LoadResText(text::kRecordHelp) + u"\r\n\r\n";
   for (const Text& rule : rules) record += rule + u"\r\n";
-  model.tags = {std::make_shared<PackageModel::Tag>(u"DoorsConnection", u"<memo>", record)};
+  const auto tags = Package().Element().TaggedValues();
+  while (tags.Count() > 0) tags.DeleteAt(0, true);
+  const auto tag = tags.AddNew(u"DoorsConnection", u"<memo>");
+  tag.SetNotes(record);
+  tag.Save();
 }
 
 }  // namespace kestrune::testing

@@ -11,8 +11,8 @@
 #include "options/Options.h"
 #include "platform/Files.h"
 #include "platform/windows/Win32Desktop.h"
-#include "standins/desktop/FixedFolders.h"
-#include "tests/options/SimulatedPackage.h"
+#include "tests/support/SimulatedDoors.h"
+#include "tests/support/TestHost.h"
 #include "tests/windows/dialogs/DoorsWindow.h"
 #include "tests/windows/dialogs/Person.h"
 
@@ -28,46 +28,22 @@ class RecordingDesktop : public Win32Desktop {
   bool opens_help = false;
 };
 
-/// Answers each script as the test says.
-class PreparedDoors : public StandInObject<PreparedDoors> {
- public:
-  static constexpr const char16_t* kClassName = u"PreparedDoors";
-  std::function<Text(const Text& script)> answer = [](const Text&) { return Text(); };
-
-  static const Members& Table() {
-    static const Members table = {
-        {u"Result",
-         {.get = [](PreparedDoors& doors) { return Variant(doors.result_); },
-          .put = [](PreparedDoors& doors, const Variant& value) { doors.result_ = value.ToText(); }}},
-        {u"RunStr",
-         {.call =
-              [](PreparedDoors& doors, const Args& args) {
-                doors.result_ = doors.answer(args[0].ToText());
-                return Variant();
-              },
-          .arg_count = 1}},
-    };
-    return table;
-  }
-
- private:
-  Text result_;
-};
-
-struct DialogStage : private ObjectFactory {
+struct DialogStage : TestHost, private ObjectFactory {
+  DialogStage() { app->answer_instead = u""; }
   /// The package's record gets these rules.
-  void StoreRules(const std::vector<Text>& rules);
+  void StoreRules(const std::vector<Text>& rules) const;
+  Text StoredRules() const { return Package().Element().TaggedValues().Find(u"DoorsConnection").Notes(); }
 
   RecordingDesktop desktop;
   standins::FixedFolders folders{FromPath(std::filesystem::temp_directory_path() / "kestrune-dialogs")};
   Platform platform{desktop, folders, *this};
-  std::shared_ptr<PreparedDoors> app = std::make_shared<PreparedDoors>();
+  std::shared_ptr<SimulatedDoors> app = std::make_shared<SimulatedDoors>();
   Doors doors{platform};
-  PackageModel model;
-  orim::Package package{Object(std::make_shared<SimulatedPackage>(model))};
 
  private:
   Object Create(TextView) override { return Object(app); }
 };
+
+class DialogTest : public ::testing::Test, protected DialogStage {};
 
 }  // namespace kestrune::testing

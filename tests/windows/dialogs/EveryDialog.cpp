@@ -43,13 +43,13 @@ void PrepareOptions(DialogStage& stage) {
 
 void ShowOptions(DialogStage& stage) {
   PrepareOptions(stage);
-  frmOptions(stage.doors).ShowOptions(orim::Repository(), stage.package);
+  frmOptions(stage.doors).ShowOptions(orim::Repository(), stage.Package());
 }
 
 void ShowWizard(DialogStage& stage, bool combine) {
   PrepareOptions(stage);
   Options options(stage.doors);
-  options.Load(stage.package);
+  options.Load(stage.Package());
   frmMapWizard(stage.desktop).DoWizard(options, options.FindAttribute(u"Rationale"), combine);
 }
 
@@ -106,14 +106,11 @@ const std::vector<ShownDialog>& EveryDialog() {
 }
 
 void PrepareLink(DialogStage& stage) {
-  stage.app->answer = [](const Text&) {
-    return kModule +
-           u"\n/Vehicle Platform/Requirements/Stakeholder Requirements\n/Vehicle Platform/Tests/System "
-           u"Tests\n";
-  };
-  stage.model.name = u"System Requirements";
-  stage.model.guid = u"{gallery}";
-  SaveLinkFile(stage.platform, stage.model.guid, kModule);
+  stage.app->answer_instead =
+      kModule +
+      u"\n/Vehicle Platform/Requirements/Stakeholder Requirements\n/Vehicle Platform/Tests/System Tests\n";
+  stage.package_id = stage.model.AddPackage(0, u"System Requirements");
+  SaveLinkFile(stage.platform, stage.Guid(), kModule);
 }
 
 }  // namespace kestrune::testing

@@ -1,7 +1,7 @@
 // What is expected of every dialog alike: a person with a keyboard alone comes to the end, the host cannot be
 // used meanwhile, and nothing is left behind.
 #include "platform/com/Owned.h"
-#include "tests/windows/dialogs/DialogTest.h"
+#include "tests/windows/dialogs/DialogStage.h"
 #include "tests/windows/dialogs/EveryDialog.h"
 #include "tests/windows/dialogs/HostWindows.h"
 #include "tests/windows/dialogs/SystemObjects.h"

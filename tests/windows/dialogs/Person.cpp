@@ -162,10 +162,6 @@ std::vector<Text> Screen::LinesOf(int list_id) const {
   return lines;
 }
 
-bool Screen::HasFocus(int id) const {
-  return FocusedId() == id;
-}
-
 int Screen::FocusedId() const {
   GUITHREADINFO info = {.cbSize = sizeof info};
   GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
@@ -189,39 +185,35 @@ void Screen::Await(const char* what, const std::function<bool()>& condition) con
 }
 
 void Screen::AwaitEnabled(int id) const {
-  Await("a control does not become enabled", [&] { return EnabledAt(id); });
+  Await("a control does not become enabled", [&] { return IsWindowEnabled(At(id)) != FALSE; });
 }
 
 void Screen::AwaitClosed() const {
   Await("it does not close", [&] { return !IsWindow(window_); });
 }
 
-void Screen::ClickAt(HWND window, RECT inside, int times) const {
+void Screen::ClickAt(HWND window, RECT inside) const {
   MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&inside), 2);
   const POINT middle = {(inside.left + inside.right) / 2, (inside.top + inside.bottom) / 2};
-  SendMouse(middle, 0);
-  for (int i = 0; i < times; ++i) {
-    SendMouse(middle, MOUSEEVENTF_LEFTDOWN);
-    SendMouse(middle, MOUSEEVENTF_LEFTUP);
-  }
+  for (const DWORD flags : {0, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) SendMouse(middle, flags);
 }
 
-void Screen::Click(int id, int times) const {
+void Screen::Click(int id) const {
   RECT inside = {};
   GetClientRect(At(id), &inside);
-  ClickAt(At(id), inside, times);
+  ClickAt(At(id), inside);
 }
 
-void Screen::ClickLine(int list_id, int line, int times) const {
+void Screen::ClickLine(int list_id, int line) const {
   RECT inside = {};
   Ask(list_id, LB_GETITEMRECT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&inside));
-  ClickAt(At(list_id), inside, times);
+  ClickAt(At(list_id), inside);
 }
 
-void Screen::ClickRow(int list_view_id, int row, int times) const {
+void Screen::ClickRow(int list_view_id, int row) const {
   RECT inside = {.left = LVIR_LABEL};
   Ask(list_view_id, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&inside));
-  ClickAt(At(list_view_id), inside, times);
+  ClickAt(At(list_view_id), inside);
 }
 
 void Screen::Hold(WORD key) const {

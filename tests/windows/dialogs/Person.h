@@ -23,11 +23,9 @@ class Screen {
   HWND Window() const { return window_; }
   HWND At(int id) const;
   Text TextAt(int id) const;
-  bool EnabledAt(int id) const { return IsWindowEnabled(At(id)) != FALSE; }
-  bool VisibleAt(int id) const { return IsWindowVisible(At(id)) != FALSE; }
   LRESULT Ask(int id, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   std::vector<Text> LinesOf(int list_id) const;
-  bool HasFocus(int id) const;
+  bool HasFocus(int id) const { return FocusedId() == id; }
   /// The id of the control with the focus, 0 when no control of the window has it.
   int FocusedId() const;
   /// The ids of all controls that Tab can reach.
@@ -38,11 +36,10 @@ class Screen {
   void AwaitEnabled(int id) const;
   void AwaitClosed() const;
 
-  /// The left mouse button, once or twice, in the middle of a control, at a line of a list box,
-  /// at a row of a list view.
-  void Click(int id, int times = 1) const;
-  void ClickLine(int list_id, int line, int times = 1) const;
-  void ClickRow(int list_view_id, int row, int times = 1) const;
+  /// The left mouse button in the middle of a control, at a line of a list box, at a row of a list view.
+  void Click(int id) const;
+  void ClickLine(int list_id, int line) const;
+  void ClickRow(int list_view_id, int row) const;
   /// A key that stays down until it is let go.
   void Hold(WORD key) const;
   void Release(WORD key) const;
@@ -53,7 +50,7 @@ class Screen {
   void CloseBox() const { PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0); }
 
  private:
-  void ClickAt(HWND window, RECT inside, int times) const;
+  void ClickAt(HWND window, RECT inside) const;
 
   Text title_;
   HWND window_ = nullptr;

@@ -6,30 +6,14 @@
 #include "platform/Files.h"
 #include "platform/com/ComObjectFactory.h"
 #include "standins/windows/host/DoorsProcess.h"
+#include "tests/support/TestPlatform.h"
 
 namespace kestrune::testing {
 
-class TempFolder {
- public:
-  TempFolder() { std::filesystem::create_directory(path_); }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  ~TempFolder() { std::filesystem::remove_all(path_); }
-  Text File(TextView name) const { return FromPath(path_ / ToPath(name)); }
-
- private:
-  static inline int made_ = 0;
-  std::filesystem::path path_ =
-      std::filesystem::temp_directory_path() /
-      ("kestrune-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++made_));
-};
-
-/// With the module "/Car", which has a view.
+/// With the module "/Car".
 inline Text MakeDatabase(const Text& file) {
   auto database = standins::DoorsDatabase::Create(ToPath(file));
-  database.Sql().Exec(
-      "INSERT INTO item (id, parent, type, name) VALUES (2, 1, 'Formal', 'Car');"
-      "INSERT INTO view (module, name) VALUES (2, 'Short');");
+  database.Sql().Exec("INSERT INTO item (id, parent, type, name) VALUES (2, 1, 'Formal', 'Car')");
   return file;
 }
 
