@@ -1,6 +1,6 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-windows test-windows-x86 test-windows-long fuzz dll release screenshots bench bench-windows tidy \
+.PHONY: demo test test-native test-asan test-long test-windows test-windows-x86 test-windows-long fuzz dll release screenshots bench bench-windows tidy \
 	format format-check clean setup setup-windows setup-checks setup-fuzz
 
 demo: build/release/kestrune-workbench
@@ -21,6 +21,15 @@ test-asan: setup
 	cmake --preset asan
 	cmake --build --preset asan
 	ctest --preset asan -j2
+
+# What takes minutes: imports that are killed, at full speed, and a thousand in one process, under the sanitizers.
+test-long: setup
+	cmake --preset release
+	cmake --build --preset release --target long-tests
+	build/release/tests/long-tests --gtest_filter='KilledImport.*'
+	cmake --preset asan
+	cmake --build --preset asan --target long-tests
+	build/asan/tests/long-tests --gtest_filter='LongRun.*'
 
 # The native kestrune-workbench prepares the data of the sessions that are played on real windows.
 test-windows: setup setup-windows

@@ -29,13 +29,10 @@ function(kestrune_room dir)
   endif()
 endfunction()
 
-# kestrune_tests(DIR [LIBRARY...]): the test program DIR-tests of all sources in tests/DIR/.
-function(kestrune_tests dir)
+# kestrune_test_program(DIR [LIBRARY...]): the test program DIR-tests of all sources in tests/DIR/.
+function(kestrune_test_program dir)
   string(REPLACE "/" "-" name ${dir})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${dir}/*.cpp)
-  if(NOT sources)
-    return()
-  endif()
   add_executable(${name}-tests ${sources})
   target_compile_definitions(${name}-tests PRIVATE KESTRUNE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name}-tests PRIVATE ${ARGN} GTest::gtest_main)
@@ -44,6 +41,12 @@ function(kestrune_tests dir)
   else()
     target_precompile_headers(${name}-tests REUSE_FROM house-tests)
   endif()
+endfunction()
+
+# kestrune_tests(DIR [LIBRARY...]): one that ctest runs.
+function(kestrune_tests dir)
+  kestrune_test_program(${dir} ${ARGN})
+  string(REPLACE "/" "-" name ${dir})
   gtest_discover_tests(${name}-tests DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES TEST_PREFIX "${name}." PROPERTIES TIMEOUT 600)
 endfunction()
 

@@ -6,6 +6,7 @@
 #include "common/Utilities.h"
 #include "documents/ExportReader.h"
 #include "documents/OutputTab.h"
+#include "platform/Files.h"
 
 namespace kestrune {
 
@@ -51,6 +52,8 @@ void Read(const Text& path, const Platform& platform, const OutputTab& output, E
     ThrowBadExport(ParseReport(copy, *still));
   }
   output.Write(u"Success.");
+  std::error_code ignored;  // it is replaced by the next one
+  std::filesystem::remove(ToPath(copy), ignored);
 }
 
 }  // namespace

@@ -235,17 +235,11 @@ void frmImport::ShowSummary(int line_id, std::size_t count) {
 }
 
 void frmImport::ReportFailure(const AutomationError& failure) {
+  if (error::IsConnectionLost(failure.Number)) return ShowFailure(desktop_, failure);
   const Text composed =
       failure.Description + u"\r\n(Error Code: " + ToText(static_cast<std::int32_t>(failure.Number)) + u")";
-  switch (failure.Number) {
-    case error::kNotConnected:
-    case error::kCallFailed:
-      return ShowMessage(desktop_, FormatResText(text::kDoorsFailure), Icon::kExclamation);
-    case DoorsDoc::kBadExport:
-      return ReportBadExport(composed);
-    default:
-      return ShowMessage(desktop_, composed, Icon::kExclamation);
-  }
+  if (failure.Number == DoorsDoc::kBadExport) return ReportBadExport(composed);
+  ShowMessage(desktop_, composed, Icon::kExclamation);
 }
 
 void frmImport::ReportBadExport(const Text& composed) {

@@ -2,6 +2,7 @@
 // own, or the data folder of a command-line program.
 #pragma once
 
+#include "platform/Automation.h"
 #include "platform/Files.h"
 #include "platform/Folders.h"
 
@@ -9,10 +10,17 @@ namespace kestrune::standins {
 
 class FixedFolders : public Folders {
  public:
-  /// Makes `root` with the folders "AppData", "Temp" and "AddIn" in it.
+  /// Makes `root` with the folders "AppData", "Temp" and "AddIn" in it; throws AutomationError where that cannot be.
   explicit FixedFolders(const Text& root) : root_(root) {
-    for (const char16_t* folder : {u"AppData", u"Temp", u"AddIn"})
-      std::filesystem::create_directories(ToPath(root_) / ToPath(folder));
+    for (const char16_t* folder : {u"AppData", u"Temp", u"AddIn"}) {
+      std::error_code failure;
+      std::filesystem::create_directories(ToPath(At(folder)), failure);
+      if (failure)
+        throw AutomationError(
+            error::kFileFailure, u"Folders",
+            At(folder) +
+                u": the folder cannot be made; see that the one above it can be written, then try again");
+    }
   }
   std::optional<Text> RoamingAppData() const override { return At(u"AppData"); }
   Text Temp() const override { return At(u"Temp") + NativePath(u"\\"); }

@@ -20,6 +20,7 @@ OrimModel OrimModel::Create(const std::filesystem::path& path) {
 
 OrimModel OrimModel::Open(const std::filesystem::path& path) {
   HostPtr host(new Host{.model = Database::Open(path)});
+  host->model.RequireWritable();
   try {
     CheckSchema(host->model);
   } catch (const FileBlocked&) {

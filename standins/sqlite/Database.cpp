@@ -12,19 +12,25 @@ constexpr int kPatienceMs = 5000;  // how long a statement waits for another con
   throw AutomationError(error::kFileFailure, u"Database", FromUtf8(message));
 }
 
+constexpr const char* kNotWritable =
+    "the file cannot be written; make it and its folder writable, then try again";
+
+[[noreturn]] void ThrowBlocked(sqlite3* handle, const char* why) {
+  const char* path = sqlite3_db_filename(handle, "main");
+  throw FileBlocked(error::kFileFailure, u"Database", FromUtf8(path ? path : "") + u": " + FromUtf8(why));
+}
+
 /// The last failure of a connection. Where the file is in somebody else's hands, it says which file,
 /// and what to do.
 [[noreturn]] void ThrowLast(sqlite3* handle) {
-  const char* path = sqlite3_db_filename(handle, "main");
-  const auto refuse = [&](const char* why) {
-    throw FileBlocked(error::kFileFailure, u"Database", FromUtf8(path ? path : "") + u": " + FromUtf8(why));
-  };
+  const auto refuse = [&](const char* why) { ThrowBlocked(handle, why); };
   const int primary = sqlite3_errcode(handle) & 0xFF;
   if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
     refuse("another program is writing to the file; wait for it or close it, then try again");
-  if (primary == SQLITE_READONLY || primary == SQLITE_PERM)
-    refuse("the file cannot be written; make it and its folder writable, then try again");
+  if (primary == SQLITE_READONLY || primary == SQLITE_PERM) refuse(kNotWritable);
   if (primary == SQLITE_FULL) refuse("the disk is full; make room, then try again");
+  if (primary == SQLITE_IOERR)
+    refuse("the file cannot be read or written; see that its disk has room and is in order, then try again");
   Throw(sqlite3_errmsg(handle));
 }
 
@@ -137,6 +143,10 @@ Database::~Database() {
   for (const auto& [sql, handles] : idle_)
     for (sqlite3_stmt* handle : handles) sqlite3_finalize(handle);
   sqlite3_close(handle_);
+}
+
+void Database::RequireWritable() const {
+  if (sqlite3_db_readonly(handle_, "main") == 1) ThrowBlocked(handle_, kNotWritable);
 }
 
 void Database::FavourSpeed() {

@@ -16,8 +16,8 @@ namespace kestrune::standins {
 /// A path as it is shown.
 Text PathText(const std::filesystem::path& path);
 
-/// Thrown when a file is locked by another program, cannot be written, or has no room to grow; the
-/// description names the file and says what to do.
+/// Thrown when a file is locked by another program, cannot be read or written, or has no room to grow;
+/// the description names the file and says what to do.
 struct FileBlocked : AutomationError {
   using AutomationError::AutomationError;
 };
@@ -102,6 +102,10 @@ class Database {
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
   ~Database();
+
+  /// Throws FileBlocked when the file may only be read. To be asked before the first statement, which may leave files
+  /// beside it that are no more writable than it is, and are in the way when it is made so.
+  void RequireWritable() const;
 
   /// Trades safety against a failing machine, not against a failing program, for the speed
   /// of many small writes.

@@ -107,6 +107,7 @@ TEST_F(DoorsDocTest, ControlCharactersAreCleanedAwayOnce) {
   EXPECT_TRUE(output[0].starts_with(u"XML Error detected - " + path + u" - ")) << ToUtf8(output[0]);
   EXPECT_EQ(output[1], u"Attempting to post-process xml file...");
   EXPECT_EQ(output[2], u"Success.");
+  EXPECT_EQ(ListFolder(folders.Temp()), std::vector<Text>{}) << "no text of the module lies about";
 }
 
 TEST_F(DoorsDocTest, WhatStaysMalformedIsReportedInSixLines) {

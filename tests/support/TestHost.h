@@ -1,5 +1,4 @@
-// A host with one model, in memory: a package "Requirements"
-// that is selected, and what a test wants to know of it.
+// A host with one model: a package "Requirements" that is selected, and what a test wants to know of it.
 #pragma once
 
 #include "orim/Repository.h"
@@ -9,7 +8,11 @@
 namespace kestrune::testing {
 
 struct TestHost {
-  TestHost() { model.SelectPackage(package_id); }
+  /// The model is a new one, in memory where no file is named.
+  explicit TestHost(const std::filesystem::path& model_file = ":memory:")
+      : model(standins::OrimModel::Create(model_file)) {
+    model.SelectPackage(package_id);
+  }
 
   /// An element made as a user would make it, saved; tagged values by name.
   orim::Element AddElement(const Text& name, const std::map<Text, Text>& tagged_values = {}) {
@@ -21,7 +24,7 @@ struct TestHost {
   orim::Package Package() const { return repository.PackageByID(package_id); }
   Text Guid() const { return Package().PackageGuid(); }
 
-  standins::OrimModel model = standins::OrimModel::Create(":memory:");
+  standins::OrimModel model;
   std::int32_t package_id = model.AddPackage(0, u"Requirements");
   orim::Repository repository{model.Repository()};
 };

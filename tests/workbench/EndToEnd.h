@@ -1,4 +1,4 @@
-// The add-in between its two neighbours: a model in memory, a DOORS with its database that runs the real
+// The add-in between its two neighbours: a model of its own, a DOORS with its database that runs the real
 // scripts, and a user who is as patient as the test needs.
 #pragma once
 
@@ -36,7 +36,7 @@ struct ImportRun {
 
 class EndToEnd : public TestHost, private ObjectFactory {
  public:
-  EndToEnd() {
+  explicit EndToEnd(const std::filesystem::path& model_file = ":memory:") : TestHost(model_file) {
     desktop.UseForm<frmImport>([this](frmImport& form) { WatchImport(form); });
     desktop.UseForm<frmOptions>([this](frmOptions& form) { ChooseOptions(form); });
     desktop.UseForm<frmConnectProgress>([](frmConnectProgress& form) { form.cmdCancel.Press(); });
@@ -81,12 +81,13 @@ class EndToEnd : public TestHost, private ObjectFactory {
   Platform platform{desktop, folders, *this};
   OrimDoors add_in{platform};
 
-  std::vector<Text> mapping;    // rules; none leaves them as they are
-  Text view{u"Standard view"};  // that the import is restricted to
+  std::vector<Text> mapping;                     // rules; none leaves them as they are
+  Text view{u"Standard view"};                   // that the import is restricted to
+  std::function<Object(const Object&)> between;  // what the add-in gets instead of DOORS' automation object
 
  private:
   Object Create(TextView prog_id) override {
-    if (prog_id == u"Doors.Application") return doors.Application();
+    if (prog_id == u"Doors.Application") return between ? between(doors.Application()) : doors.Application();
     if (prog_id == u"MSXML2.DOMDocument") return standins::MakeDomDocument();
     throw AutomationError(error::kNoSuchClass, u"test", Text(u"No class ").append(prog_id));
   }

@@ -1,4 +1,4 @@
-// A small module at three points of its life, each with an import still to come, and the package that must
+// A small module at some points of its life, each with an import still to come, and the package that must
 // come of it.
 #pragma once
 
@@ -6,11 +6,12 @@
 
 namespace kestrune::testing {
 
-enum class Stage { kFromEmpty, kOfChanges, kOfAReturn };
+enum class Stage { kWithoutRules, kFromEmpty, kOfChanges, kOfAReturn };
 
 struct FaultScene {
   explicit FaultScene(Stage stage) {
     Make();
+    if (stage == Stage::kWithoutRules) return;
     // Whoever looks at the options from now on leaves the rules as they are.
     setup.EditOptions();
     setup.mapping.clear();

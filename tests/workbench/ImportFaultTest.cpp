@@ -8,6 +8,7 @@ namespace {
 using testing::FaultScene;
 using testing::ImportRun;
 using testing::Stage;
+using testing::TempFolder;
 
 const Text kDoorsFailure =
     u"Unexpected error communicating with DOORS.\r\n\r\nPlease ensure that DOORS is running with the "
@@ -112,9 +113,89 @@ INSTANTIATE_TEST_SUITE_P(Imports, DoorsDies,
                                            FaultCase{"OfChanges", Stage::kOfChanges, 0x80004005}),
                          CaseName);
 
+/// DOORS' automation object, of which one use ends otherwise.
+class FaultyDoors : public Dispatch {
+ public:
+  /// Gets what DOORS has answered, or throws.
+  using Fault = std::function<Variant(const Variant&)>;
+  FaultyDoors(const Object& doors, int n, Fault fault) : doors_(doors), left_(n), fault_(std::move(fault)) {}
+
+  Variant Invoke(Access access, TextView member, Args args) override {
+    const Variant answer = doors_.Peer()->Invoke(access, member, std::move(args));
+    return --left_ == 0 ? fault_(answer) : answer;
+  }
+  bool HasStruck() const { return left_ <= 0; }
+
+ private:
+  Object doors_;
+  int left_;
+  Fault fault_;
+};
+
+Variant Die(std::uint32_t number) {
+  throw AutomationError(number, u"DOORS", u"died");
+}
+
+/// The file that DOORS has written, if it has, broken off in the middle.
+Variant CutShort(const Variant& answer) {
+  if (answer.IsText() && IsFile(answer.AsText())) {
+    const std::string file = ReadFile(answer.AsText());
+    WriteFile(answer.AsText(), file.substr(0, file.size() / 2));
+  }
+  return answer;
+}
+
+class AUseOfDoorsFails : public ::testing::TestWithParam<std::pair<Stage, int>> {};
+
+TEST_P(AUseOfDoorsFails, AndTheNextImportHeals) {
+  const TempFolder folder;
+  const Text other_file = folder.File(u"other.xml");
+  const std::string not_ours = "<Other/>";
+  const std::pair<const char*, FaultyDoors::Fault> faults[] = {
+      {"died meanwhile", [](const Variant&) { return Die(error::kCallFailed); }},
+      {"is busy", [](const Variant&) { return Die(0x80010001); }},
+      {"nothing", [](const Variant&) { return Variant(); }},
+      {"a number", [](const Variant&) { return Variant(42); }},
+      {"an object", [](const Variant&) { return Variant(Object()); }},
+      {"its question", [](const Variant&) { return Variant(u"/P/M~0~~"); }},
+      {"words", [](const Variant&) { return Variant(u"\u00E9 \"%s\" <a>\r\n\u0007"); }},
+      {"an error that says nothing", [](const Variant&) { return Variant(u"Error: "); }},
+      {"a folder", [&](const Variant&) { return Variant(folder.Path()); }},
+      {"a file of somebody else", [&](const Variant&) { return Variant(other_file); }},
+      {"half a file", CutShort},
+  };
+  for (const auto& [name, fault] : faults) {
+    for (int n = 1; n <= GetParam().second + 1; ++n) {
+      SCOPED_TRACE(std::string(name) + " at use " + std::to_string(n));
+      WriteFile(other_file, not_ours);
+      FaultScene scene(GetParam().first);
+      int strays = 0;
+      const auto before = scene.Read(&strays);
+      std::shared_ptr<FaultyDoors> faulty;
+      scene.setup.between = [&](const Object& doors) {
+        if (!faulty) faulty = std::make_shared<FaultyDoors>(doors, n, fault);
+        return Object(faulty);
+      };
+      const ImportRun run = scene.setup.Import();
+      ASSERT_TRUE(faulty);
+      EXPECT_EQ(faulty->HasStruck(), n <= GetParam().second);
+      EXPECT_TRUE(run.completed || !run.messages.empty());
+      ExpectPackage(scene.Read(&strays), run.completed ? scene.state : before);
+      EXPECT_EQ(ReadFile(other_file), not_ours);
+      scene.setup.between = {};
+      scene.ExpectHealed();
+    }
+  }
+}
+
+// Parameters in, script run, answer out; once more where the attributes have to be learned first.
+INSTANTIATE_TEST_SUITE_P(Imports, AUseOfDoorsFails,
+                         ::testing::Values(std::pair(Stage::kWithoutRules, 6),
+                                           std::pair(Stage::kOfChanges, 3)));
+
 TEST(DoorsIsNotThere, AndTheImportEndsBeforeItsBegin) {
   FaultScene scene(Stage::kOfChanges);
-  for (const std::uint32_t number : {error::kNotConnected, error::kCallFailed}) {
+  for (const std::uint32_t number : {error::kNotConnected, error::kCallFailed, error::kServerUnavailable}) {
     scene.setup.doors.FailNextRun({number, u"DOORS", u"gone"});
     const ImportRun run = scene.setup.Import();
     EXPECT_EQ(run.messages, std::vector<Text>{kDoorsFailure}) << std::hex << number;

@@ -1,5 +1,9 @@
 // What cannot be done is said in one line, and nothing is written then.
 #include <fstream>
+#include <sched.h>
+#include <sys/mount.h>
+#include <tuple>
+#include <unistd.h>
 
 #include "tests/workbench/CommandLine.h"
 
@@ -45,13 +49,16 @@ class BadCommands : public CommandLine {
   }
 
   /// Runs the command, which fails, has these words in its error and changes no file.
-  Outcome Fail(Words words, const char* says) {
+  Outcome Fail(Words words, std::string_view says) {
     words.insert(words.end(), {"--data", "@data"});
-    const Outcome outcome = Run(words);
+    Outcome outcome = Run(words);
+    ExpectFailure(outcome, says);
+    return outcome;
+  }
+  void ExpectFailure(const Outcome& outcome, std::string_view says) const {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_NE(outcome.err.find(says), std::string::npos) << outcome.err;
     EXPECT_TRUE(Files() == files_) << "files have changed";
-    return outcome;
   }
 
  private:
@@ -122,10 +129,108 @@ TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
 }
 
 TEST_F(BadCommands, NameAFileThatAnotherProgramHolds) {
-  standins::Database other = standins::Database::Open(ToPath(folder.File(u"d.doors")));
-  other.Exec("BEGIN EXCLUSIVE");
-  Fail({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors"},
-       "d.doors: another program is writing");
+  const Words import = OnReq({"import", "--data", "@data"});
+  for (const char* name : {"d.doors", "m.orim"}) {
+    const Outcome outcome = [&] {
+      standins::Database other = standins::Database::Open(At(name));
+      other.Exec("BEGIN EXCLUSIVE");
+      return Run(import);
+    }();
+    ExpectFailure(outcome, std::string(name) + ": another program is writing");
+  }
+  EXPECT_EQ(Run(import).status, 0);
+}
+
+/// Without the right of root to write everywhere, for as long as it lives.
+class AsAnybody {
+ public:
+  AsAnybody() { EXPECT_TRUE(was_ != 0 || seteuid(65534) == 0); }
+  ~AsAnybody() { EXPECT_EQ(seteuid(was_), 0); }
+
+ private:
+  uid_t was_ = geteuid();
+};
+
+TEST_F(BadCommands, NameWhatMayNotBeWritten) {
+  const auto permit = [this](const std::filesystem::path& path, int mode) {
+    std::filesystem::permissions(At("") / path, static_cast<std::filesystem::perms>(mode));
+  };
+  const auto import = [this] {
+    const AsAnybody anybody;
+    return Run(OnReq({"import", "--data", "@data"}));
+  };
+  permit("", 0777);
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(At(""))) permit(entry.path(), 0777);
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"m.orim", 0444, "m.orim: the file cannot be written; make it and its folder writable"},
+      {"", 0555, "m.orim: the file cannot be written; make it and its folder writable"},
+      {"data/Temp", 0555,
+       "DP1' cannot be written. Make room on its disk, see that its folder can be written"},
+      {"data", 0444, "data/AppData: the folder cannot be made; see that the one above it can be written"},
+  };
+  for (const auto& [path, mode, says] : cases) {
+    SCOPED_TRACE(path);
+    permit(path, mode);
+    const Outcome outcome = import();
+    permit(path, 0777);
+    ExpectFailure(outcome, says);
+  }
+  permit("d.doors", 0444);
+  EXPECT_EQ(import().status, 0) << "an import only reads DOORS' database";
+}
+
+/// A small disk of its own, seen by this process alone, for as long as it lives.
+class SmallDisk {
+ public:
+  explicit SmallDisk(const std::string& folder) : folder_(folder) {
+    std::filesystem::create_directory(folder);
+    is_there_ = unshare(CLONE_NEWNS) == 0 && mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=60k") == 0;
+  }
+  ~SmallDisk() {
+    if (is_there_) umount2(folder_.c_str(), MNT_DETACH);
+  }
+  bool IsThere() const { return is_there_; }
+  void Resize(const char* size) const { EXPECT_EQ(mount("", folder_.c_str(), "tmpfs", MS_REMOUNT, size), 0); }
+
+ private:
+  std::string folder_;
+  bool is_there_;
+};
+
+TEST_F(BadCommands, AFullDiskIsNamedAndTheNextImportHeals) {
+  const SmallDisk disk(At("small"));
+  if (!disk.IsThere()) GTEST_SKIP() << "NOT RUN: a small disk cannot be mounted here, which takes root.";
+  const auto import = [this](const char* model, const char* data) {
+    return Run(With({"import", "--data", data}, model, "@d.doors", "Req"));
+  };
+  const auto tree = [this](const char* model) { return Do({"tree", "--model", model, "--data", "@data"}); };
+  std::filesystem::copy(At("m.orim"), At("small/m.orim"));
+  for (const auto& [size, says] :
+       {std::pair("size=60k", "m.orim: the file cannot be read or written; see that its disk has room"),
+        std::pair("size=200k", "m.orim: the disk is full; make room, then try again")}) {
+    disk.Resize(size);
+    const Outcome cut_off = import("@small/m.orim", "@data");
+    EXPECT_EQ(cut_off.status, 1);
+    EXPECT_NE(cut_off.err.find(says), std::string::npos) << cut_off.err;
+  }
+  EXPECT_NE(tree("@small/m.orim"), tree("@m.orim")) << "cut off in the middle";
+  disk.Resize("size=8m");
+  EXPECT_EQ(import("@small/m.orim", "@data").status, 0);
+
+  std::filesystem::copy(At("data"), At("small/data"), std::filesystem::copy_options::recursive);
+  std::ofstream(At("small/filler")) << std::string(16'000'000, 'x');
+  const Outcome without_export = import("@m.orim", "@small/data");
+  EXPECT_EQ(without_export.status, 1);
+  EXPECT_NE(without_export.err.find("cannot be written. Make room on its disk"), std::string::npos)
+      << without_export.err;
+  std::filesystem::remove(At("small/filler"));
+  EXPECT_EQ(import("@m.orim", "@small/data").status, 0);
+
+  EXPECT_EQ(tree("@small/m.orim"), tree("@m.orim"));
+  const std::string healed = ReadFile(folder.File(u"small/m.orim"));
+  EXPECT_EQ(import("@small/m.orim", "@data").status, 0);
+  EXPECT_TRUE(ReadFile(folder.File(u"small/m.orim")) == healed);
 }
 
 TEST_F(BadCommands, EndWithOneWhereTheOutputCannotBeWritten) {

@@ -32,15 +32,23 @@ class RandomEdits {
         return static_cast<void>(Add(AnyPlace()));
       case 2:
         return AddTable(AnyPlace());
-      case 3:
+      default:
+        return ChangeOnce();
+    }
+  }
+
+  /// Adds nothing.
+  void ChangeOnce() {
+    switch (Roll(7)) {
+      case 0:
         return SetDeleted(true);
-      case 4:
+      case 1:
         return SetDeleted(false);
-      case 5:
+      case 2:
         return Move();
-      case 6:
+      case 3:
         return Reorder();
-      case 7:
+      case 4:
         return ToggleReadable();
       default:
         return ChangeValue();
