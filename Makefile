@@ -1,7 +1,7 @@
 # Every target does its own set-up on a Debian 12 machine: missing packages are installed when run as root, else named.
 
-.PHONY: demo test test-native test-asan test-long test-windows test-windows-x86 test-windows-long fuzz dll release screenshots bench bench-windows tidy \
-	format format-check clean setup setup-windows setup-checks setup-fuzz
+.PHONY: demo test test-native test-asan test-long test-windows test-windows-x86 test-windows-long fuzz dll release screenshots \
+	bench bench-windows tidy format format-check clean setup setup-windows setup-checks setup-fuzz
 
 demo: build/release/kestrune-workbench
 	build/release/kestrune-workbench demo
