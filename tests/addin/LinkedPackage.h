@@ -23,10 +23,7 @@ struct LinkedPackage : ::testing::Test, EndToEnd {
   }
 
   bool HasLinkFile() const { return IsFile(GetLinkFilePath(platform, Guid())); }
-  bool HasRecord() const {
-    return static_cast<bool>(Package().Element().TaggedValues().Find(u"DoorsConnection"));
-  }
-  void SetLocked(bool locked) { model.SetLocked(Package().Element().ElementID(), locked); }
+  bool HasRecord() const { return StoredRecord() != u"no record"; }
 
   DoorsModule module{database, u"M"};
 };

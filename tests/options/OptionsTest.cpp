@@ -12,29 +12,30 @@ TEST_F(OptionsTest, LoadsWhatWasSavedAndWritesOnlyWhatHasChanged) {
   for (const TextView rule : {u"b --> Name", u"A [: C] --> Notes", u"B"}) options.AddMapping(rule);
   options.RestrictToView = u"My view";
   options.Save();
-  EXPECT_EQ(model.Find(u"DoorsConnection")->value, u"<memo>");
+  EXPECT_EQ(package.Element().TaggedValues().GetAt(0).Value(), u"<memo>");
   Options again(doors);
   ASSERT_TRUE(again.Load(package));
   EXPECT_EQ(again.RestrictToView, u"My view");
   EXPECT_EQ(RulesOf(again), Lines({u"A [: C] --> Notes", u"B", u"b --> Name"}));
   again.Save();
-  EXPECT_EQ(model.writes, 1);
+  EXPECT_EQ(model.Counters().Writes(), 1);
   again.RestrictToView = u"Standard view";
   again.Save();
-  EXPECT_EQ(Stored(), Record({u"A [: C] --> Notes", u"B", u"b --> Name"}));
+  EXPECT_EQ(StoredRecord(), Record({u"A [: C] --> Notes", u"B", u"b --> Name"}));
   ASSERT_TRUE(options.Load(package));
   EXPECT_EQ(options.RestrictToView, u"");
 }
 
 TEST_F(OptionsTest, AFailingHostLeavesTheRecordAsItWas) {
-  for (const TextView failing : {u"TaggedValues", u"Save", u"Notes"}) {
+  using Moment = standins::HostFaults::Moment;
+  for (const Moment moment : {Moment::kPut, Moment::kSave}) {
     Options options(doors);
     Load(options, {u"A"});
     options.AddMapping(u"A --> Name");
-    model.failing_call = failing;
-    EXPECT_THROW(options.Save(), AutomationError) << ToUtf8(failing);
-    EXPECT_EQ(Stored(), Record({u"A"}));
-    model.failing_call.clear();
+    model.Faults().FailTaggedValue(u"DoorsConnection", moment, AutomationError(1, u"Host", u"Failed"));
+    EXPECT_THROW(options.Save(), AutomationError);
+    EXPECT_EQ(StoredRecord(), Record({u"A"}));
+    model.Faults().Clear();
   }
 }
 
@@ -42,8 +43,7 @@ TEST_F(OptionsTest, InvalidRecordGivesTheDefaultsAndItsOwnRules) {
   const Text start = u"1\r\n2\r\n\r\nRestrictToView=V\r\n\r\nObject Text --> Alias\r\n";
   for (const Text& record : {start + u"OrimNameAttr=x\r\nStatus", Text(u"A --> Name\r\nB\r\nC")}) {
     const bool is_too_short = !record.starts_with(start);
-    model.tags.clear();
-    Store(record);
+    StoreRecord(record);
     desktop.OnMessage([](const Message& message) {
       EXPECT_EQ(message.Body, LoadResText(text::kInvalidRecord));
       EXPECT_EQ(message.Title, u"Kestrune Link");
@@ -62,7 +62,7 @@ TEST_F(OptionsTest, InvalidRecordGivesTheDefaultsAndItsOwnRules) {
 }
 
 TEST_F(OptionsTest, MalformedLineIsNamedAndCostsNoOtherRule) {
-  Store(Record({u"A --> Name", u"B [C --> Notes", u"D [: E --> Alias", u"F"}));
+  StoreRecord(Record({u"A --> Name", u"B [C --> Notes", u"D [: E --> Alias", u"F"}));
   Options options(doors);
   EXPECT_TRUE(options.Load(package));
   EXPECT_EQ(RulesOf(options), Lines({u"A --> Name", u"F"}));
@@ -79,22 +79,23 @@ TEST_F(OptionsTest, MalformedLineIsNamedAndCostsNoOtherRule) {
 }
 
 TEST_F(OptionsTest, ClearDeletesTheRecordAndNothingElse) {
-  for (const TextView name : {u"Author", u"DoorsConnection", u"Zone"})
-    model.tags.push_back(std::make_shared<PackageModel::Tag>(Text(name), u"1", u""));
+  const auto tagged_values = package.Element().TaggedValues();
+  for (const Text name : {u"Author", u"DoorsConnection", u"Zone"}) tagged_values.AddNew(name, u"1").Save();
+  model.Counters().Reset();
   Options options(doors);
   for (int i = 0; i < 2; ++i) options.Clear(package);
-  EXPECT_EQ(model.Find(u"DoorsConnection"), nullptr);
-  EXPECT_EQ(model.tags.size(), 2u);
-  EXPECT_EQ(model.writes, 1);
+  EXPECT_EQ(StoredRecord(), u"no record");
+  EXPECT_EQ(package.Element().TaggedValues().Count(), 2);
+  EXPECT_EQ(model.Counters().Writes(), 1);
 }
 
 TEST_F(OptionsTest, AnImportLooksAtTheRecordOnce) {
-  Store(Record({u"A --> Name"}));
+  StoreRecord(Record({u"A --> Name"}));
   Options options(doors);
   EXPECT_TRUE(options.EnsureOK(package, app->module, OptionsDialog(doors)));
   EXPECT_EQ(RulesOf(options), Lines({u"A --> Name"}));
   options.Save();
-  EXPECT_EQ(model.looks, 1);
+  EXPECT_EQ(model.Counters().ByMember().at(u"Get Element.TaggedValues"), 1);
 }
 
 TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
@@ -109,41 +110,38 @@ TEST_F(OptionsTest, EnsureOkMakesARecordForTheUserToLookAt) {
   };
   app->attributes = {u"Object Text", u"Status"};
   for (const auto& each : cases) {
-    model.tags.clear();
-    if (!each.record.empty()) {
-      Store(each.record);
-      desktop.OnMessage(LoadResText(text::kInvalidRecord));
-    }
+    StoreRecord(each.record);
+    if (!each.record.empty()) desktop.OnMessage(LoadResText(text::kInvalidRecord));
     desktop.OnForm<frmOptions>([&](frmOptions& form) { (form.*each.close).Press(); });
     Options options(doors);
     EXPECT_EQ(options.EnsureOK(package, each.module_path, OptionsDialog(doors)), each.ok);
     EXPECT_EQ(RulesOf(options), Lines({u"Object Text --> Notes", u"Status"}));
     EXPECT_EQ(options.RestrictToView, u"") << "the standard view is none";
     EXPECT_EQ(app->parameters.back(), u"/Demo/Requirements~1~~");
-    EXPECT_EQ(Stored(), Record({u"Object Text --> Notes", u"Status"}));
+    EXPECT_EQ(StoredRecord(), Record({u"Object Text --> Notes", u"Status"}));
   }
 }
 
 TEST_F(OptionsTest, ALockedPackageWithoutARecordIsRefusedBeforeDoorsIsAsked) {
-  model.locked = true;
+  SetLocked(true);
   desktop.OnMessage(u"Package locked. Cannot proceed with operation.");
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
   EXPECT_TRUE(app->scripts.empty());
-  EXPECT_EQ(model.writes, 0);
+  EXPECT_EQ(model.Counters().Writes(), 0);
 }
 
 TEST_F(OptionsTest, EnsureOkNeedsAModulePathAndAWorkingDoors) {
   app->answer_instead = u"Error: Module '/Demo/Requirements' not found.";
   desktop.OnMessage(*app->answer_instead);
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
-  model.guid = u"{not linked}";
+  RemoveFile(GetLinkFilePath(platform, Guid()));
   desktop.OnMessage([](const Message& message) {
     EXPECT_EQ(message.Body, LoadResText(text::kModulePathNotSet));
     EXPECT_EQ(message.Icon, Icon::kStop);
     return Answer::kOk;
   });
   EXPECT_FALSE(Options(doors).EnsureOK(package, u"", OptionsDialog(doors)));
-  EXPECT_TRUE(model.tags.empty());
+  EXPECT_EQ(StoredRecord(), u"no record");
 }
 
 }  // namespace

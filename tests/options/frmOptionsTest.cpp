@@ -33,8 +33,7 @@ class OptionsFormTest : public OptionsTest {
  protected:
   /// Opens the dialog on a package with these rules; the user does this and closes it.
   frmOptions::CloseCode Edit(const Lines& rules, std::function<void(frmOptions&)> user) {
-    model.tags.clear();
-    Store(Record(rules));
+    StoreRecord(Record(rules));
     return Reopen(std::move(user));
   }
   frmOptions::CloseCode Reopen(std::function<void(frmOptions&)> user) {
@@ -69,8 +68,8 @@ TEST_F(OptionsFormTest, ShowsWhatIsStored) {
 
 TEST_F(OptionsFormTest, TellsWhatModuleThePackageIsLinkedTo) {
   for (const bool is_linked : {true, false}) {
-    SaveLinkFile(platform, model.guid, u"");
-    if (!is_linked) model.guid = u"{not linked}";
+    SaveLinkFile(platform, Guid(), u"");
+    if (!is_linked) RemoveFile(GetLinkFilePath(platform, Guid()));
     Edit({u"A"}, [&](frmOptions& form) {
       EXPECT_EQ(form.lblModulePath.Caption(), is_linked ? u"Module Path not set" : u"No Connection");
       form.CloseByUser();
@@ -119,9 +118,9 @@ TEST_F(OptionsFormTest, CombinesTwoAndTakesThemApartAgain) {
     wizard.cmdNext.Press();
     wizard.cmdNext.Press();
   });
-  Store(Record({u"A", u"B", u"C", u"D --> Alias"}));
+  StoreRecord(Record({u"A", u"B", u"C", u"D --> Alias"}));
   frmOptions(doors).ShowOptions(repository, package);
-  EXPECT_EQ(Stored(), Record({u"A", u"B", u"C", u"D"}));
+  EXPECT_EQ(StoredRecord(), Record({u"A", u"B", u"C", u"D"}));
 }
 
 TEST_F(OptionsFormTest, MapsSeveralRowsInOneGo) {
@@ -165,8 +164,7 @@ TEST_F(OptionsFormTest, MapsSeveralRowsInOneGo) {
       desktop.OnMessage(
           u"These attributes were not mapped, since a mapping rule cannot tell their names from its own "
           u"signs:\r\nx [y z]");
-    model.tags.clear();
-    Store(Record(five));
+    StoreRecord(Record(five));
     frmOptions(doors).ShowOptions(repository, package);
   }
 }
@@ -181,7 +179,7 @@ TEST_F(OptionsFormTest, CombinesTheTwoThatAreSelected) {
     EXPECT_EQ(wizard.lstExtra.SelectedText(), u"C");
     wizard.CloseByUser();
   });
-  Store(Record({u"A", u"B", u"C"}));
+  StoreRecord(Record({u"A", u"B", u"C"}));
   frmOptions(doors).ShowOptions(repository, package);
 }
 
@@ -207,7 +205,7 @@ TEST_F(OptionsFormTest, ASeparatorThatWouldBeLostGoesBackToItsPage) {
     EXPECT_EQ(wizard.lstTarget.SelectedText(), u"Alias");
     wizard.cmdNext.Press();
   });
-  Store(Record({u"A", u"B"}));
+  StoreRecord(Record({u"A", u"B"}));
   frmOptions(doors).ShowOptions(repository, package);
 }
 
@@ -227,7 +225,7 @@ TEST_F(OptionsFormTest, ASecondAttributeThatNoRuleCanHoldGoesBackToItsPage) {
     EXPECT_TRUE(wizard.lstExtra.Visible());
     wizard.CloseByUser();
   });
-  Store(Record({u"A"}));
+  StoreRecord(Record({u"A"}));
   frmOptions(doors).ShowOptions(repository, package);
 }
 
@@ -247,7 +245,7 @@ TEST_F(OptionsFormTest, ANameWithABracketCannotBeginACombinationAndMayEndOne) {
     EXPECT_EQ(RowsOf(form), Lines({u"A [ Mass [kg]] | (Tagged Value)"}));
     form.cmdCancel.Press();
   });
-  Store(Record({u"A", u"Mass [kg]"}));
+  StoreRecord(Record({u"A", u"Mass [kg]"}));
   frmOptions(doors).ShowOptions(repository, package);
 }
 
@@ -292,7 +290,7 @@ TEST_F(OptionsFormTest, SaysWhyAnAttributeOfAPeculiarNameCannotBeMapped) {
     }
     form.cmdOK.Press();
   });
-  EXPECT_EQ(Stored(), Record({u"Mass [kg]", u"x [y z]", u"y --> Name", u"z"}));
+  EXPECT_EQ(StoredRecord(), Record({u"Mass [kg]", u"x [y z]", u"y --> Name", u"z"}));
 }
 
 TEST_F(OptionsFormTest, PastesWhatIsATemplateAndRefusesAMalformedOne) {
@@ -337,7 +335,7 @@ TEST_F(OptionsFormTest, RestrictsTheImportToAView) {
     form.cmbViews.Type(u" Standard view ");
     form.cmdOK.Press();
   });
-  EXPECT_EQ(Stored(), Record({u"A"}));
+  EXPECT_EQ(StoredRecord(), Record({u"A"}));
 }
 
 TEST_F(OptionsFormTest, SurvivesDoorsBeingClosed) {
@@ -357,7 +355,7 @@ TEST_F(OptionsFormTest, SurvivesDoorsBeingClosed) {
       EXPECT_EQ(RowsOf(form), Lines({u"A | ", u"B | "}));
       form.cmdOK.Press();
     });
-    EXPECT_EQ(Stored(), Record({u"A", u"B"}));
+    EXPECT_EQ(StoredRecord(), Record({u"A", u"B"}));
     app->failure.reset();
   }
 }
@@ -380,12 +378,13 @@ TEST_F(OptionsFormTest, WaitsForDoorsUntilTheUserGivesUp) {
 }
 
 TEST_F(OptionsFormTest, ALockedPackageOpensNoWizard) {
-  model.locked = true;
-  Edit({u"A", u"B", u"C --> Name"}, [](frmOptions& form) {
+  StoreRecord(Record({u"A", u"B", u"C --> Name"}));
+  SetLocked(true);
+  Reopen([](frmOptions& form) {
     for (const std::size_t row : {0u, 2u}) form.lvMappings.DoubleClickRow(row);
     form.cmdCancel.Press();
   });
-  EXPECT_EQ(model.writes, 0);
+  EXPECT_EQ(model.Counters().Writes(), 0);
 }
 
 TEST_F(OptionsFormTest, EditsTheDefaultsOfAPackageWhoseRecordHasGone) {

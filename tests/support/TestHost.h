@@ -21,6 +21,23 @@ struct TestHost {
     for (const auto& [tag, value] : tagged_values) element.TaggedValues().AddNew(tag, value).Save();
     return element;
   }
+  /// The record of the package's link, in place of the one that it may have; an empty text makes none. What this
+  /// costs is not counted.
+  void StoreRecord(const Text& record) {
+    const auto tagged_values = Package().Element().TaggedValues();
+    if (tagged_values.Count() > 0) tagged_values.DeleteAt(0, true);
+    if (!record.empty()) {
+      const orim::TaggedValue stored = tagged_values.AddNew(u"DoorsConnection", u"<memo>");
+      stored.SetNotes(record);
+      stored.Save();
+    }
+    model.Counters().Reset();
+  }
+  Text StoredRecord() const {
+    const auto stored = Package().Element().TaggedValues().Find(u"DoorsConnection");
+    return stored ? stored.Notes() : u"no record";
+  }
+  void SetLocked(bool locked) { model.SetLocked(Package().Element().ElementID(), locked); }
   orim::Package Package() const { return repository.PackageByID(package_id); }
   Text Guid() const { return Package().PackageGuid(); }
 
