@@ -42,8 +42,10 @@ class HostObject : public StandInObject<Self> {
   explicit HostObject(HostPtr host) : host_(std::move(host)) {}
 
   void BeforeInvoke(Access access, TextView member) final {
-    host_->counters.CountCall(Self::kClassName, access, member);
-    host_->faults.OnCall();
+    Text use = access == Access::kGet ? u"Get " : access == Access::kPut ? u"Put " : u"Call ";
+    use.append(Self::kClassName).append(u".").append(member);
+    host_->counters.CountCall(use);
+    host_->faults.OnCall(use);
   }
 
   HostPtr host_;

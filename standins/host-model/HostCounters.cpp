@@ -2,11 +2,9 @@
 
 namespace kestrune::standins {
 
-void HostCounters::CountCall(TextView class_name, Access access, TextView member) {
+void HostCounters::CountCall(const Text& use) {
   ++calls_;
-  Text key = access == Access::kGet ? u"Get " : access == Access::kPut ? u"Put " : u"Call ";
-  key.append(class_name).append(u".").append(member);
-  ++by_member_[std::move(key)];
+  ++by_member_[use];
 }
 
 }  // namespace kestrune::standins

@@ -9,7 +9,8 @@ namespace kestrune::standins {
 
 class HostCounters {
  public:
-  void CountCall(TextView class_name, Access access, TextView member);
+  /// `use` as in ByMember.
+  void CountCall(const Text& use);
   void CountWrite() { ++writes_; }
   void Reset() { *this = {}; }
 

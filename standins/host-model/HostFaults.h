@@ -14,6 +14,8 @@ class HostFaults {
 
   /// The n-th use of any member from now fails with `failure`, once; 1 is the next one.
   void FailCall(int n, AutomationError failure);
+  /// From now on every use of a member fails, named as in HostCounters::ByMember.
+  void FailMember(Text use, AutomationError failure);
   /// From now on every Put of the element's member `field`, or every Save that changed it, fails.
   void FailElementField(Text field, Moment moment, AutomationError failure);
   /// The same for the tagged values named `name`, of whatever element; giving a new one its value is a Put.
@@ -21,7 +23,7 @@ class HostFaults {
   void Clear() { *this = {}; }
 
   /// Asked by the host's objects at the moment in question; they throw when a failure was ordered for it.
-  void OnCall();
+  void OnCall(TextView use);
   void OnElementField(TextView field, Moment moment) const { Raise(fields_, field, moment); }
   void OnTaggedValue(TextView name, Moment moment) const { Raise(tagged_values_, name, moment); }
 
@@ -35,6 +37,7 @@ class HostFaults {
 
   int calls_left_ = 0;
   std::optional<AutomationError> call_failure_;
+  std::map<Text, AutomationError, std::less<>> members_;
   Orders fields_;
   Orders tagged_values_;
 };

@@ -1,5 +1,6 @@
 #include "documents/ElementFieldWriter.h"
 #include "tests/support/TestHost.h"
+#include "tests/support/TestPlatform.h"
 
 namespace kestrune {
 namespace {
@@ -78,6 +79,10 @@ TEST_F(FieldWriterTest, ATaggedValueThatTheHostGivesToNewElementsIsUsed) {
   EXPECT_EQ(tagged_values.Count(), 2);
   EXPECT_EQ(tagged_values.Find(u"Rationale").Value(), u"ours");
   EXPECT_TRUE(progress.lines.empty());
+  model.Faults().FailMember(u"Call TaggedValues.GetByName", {error::kCallFailed, u"host", u"gone"});
+  WrittenElement lost{AddElement(u"Lost", {{u"Rationale", u"of the host"}}), index.NextRow(), u"Lost"};
+  EXPECT_FALSE(writer.Write(lost, {{1, u"R3"}, {kRationale, u"ours"}}).HasAny);
+  EXPECT_EQ(lost.Element.TaggedValues().Count(), 1) << "a host that is gone has not said that there is none";
 }
 
 TEST_F(FieldWriterTest, AFieldThatFailedOnceIsLeftAloneAndOthersAreNot) {

@@ -128,6 +128,12 @@ TEST_F(FailedFieldsTest, AnElementWithoutAnIdentifierIsTakenOutAgain) {
           u"Warning: \"Object Identifier\" belongs to every import and cannot be excluded. Mend what the "
           u"error names and import again."}));
   EXPECT_TRUE(HasLine(lines, u"0 new, 0 changed, 0 moved, 0 archived, 0 restored, 0 unchanged, 3 failed"));
+  model.Faults().FailMember(u"Call Elements.DeleteAt", kRefusal);
+  const auto with_a_rest = Import();
+  EXPECT_EQ(Tree(), "nA\nTrash Can\n");
+  EXPECT_TRUE(HasLine(with_a_rest, u"Warning: The element 'nA' (id " + ToText(model.Tree(package_id)[0].id) +
+                                       u") was made without an Object Identifier and could not be removed. "
+                                       u"Delete it by hand."));
   model.Faults().Clear();
   Import();
   EXPECT_EQ(Tree(), "[A] nA\n  [B] nB\n  [C] nC\nTrash Can\n");

@@ -30,7 +30,7 @@ TEST_F(OrimFaults, TheNthCallFailsOnceAndAsOrdered) {
   EXPECT_EQ(element.Get(u"Name").ToText(), u"E");
 }
 
-TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnlyAndATaggedValueWhenItIsPut) {
+TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnlyATaggedValueWhenItIsPutAndAMemberInOneUse) {
   const AutomationError failure{0x80001234, u"Host", u"as ordered"};
   PutAndSave(element, u"Name", u"Other");
   model.Faults().FailElementField(u"Name", HostFaults::Moment::kSave, failure);
@@ -39,6 +39,9 @@ TEST_F(OrimFaults, AFieldFailsInTheSaveThatChangesItOnlyAndATaggedValueWhenItIsP
   const Object tag = AddTaggedValue(element, u"Tag", u"v");
   model.Faults().FailTaggedValue(u"Tag", HostFaults::Moment::kPut, failure);
   EXPECT_EQ(FailureOf([&] { tag.Put(u"Notes", u"x"); }), "as ordered");
+  model.Faults().FailMember(u"Get Element.Alias", failure);
+  element.Put(u"Alias", u"y");
+  EXPECT_EQ(FailureOf([&] { element.Get(u"Alias"); }), "as ordered");
 }
 
 }  // namespace
