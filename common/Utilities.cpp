@@ -34,7 +34,6 @@ Text CleanExportFile(const Platform& platform, const Text& path) {
   std::string bytes = ReadFile(path);
   bytes.erase(std::remove_if(bytes.begin(), bytes.end(), IsRefusedByXml), bytes.end());
   const Text copy = platform.folders.Temp() + u"plexadoors.tmp";
-  if (IsFile(copy)) RemoveFile(copy);
   WriteFile(copy, bytes);
   return copy;
 }

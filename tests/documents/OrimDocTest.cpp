@@ -148,8 +148,12 @@ TEST(QueryAnswerTest, AnswersThatAreNotAsExpected) {
   EXPECT_EQ(rows_of(u"<ORIMDATA/>"), 0u);
   EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data/></Dataset_0></ORIMDATA>"), 0u);
   EXPECT_EQ(rows_of(u"<ORIMDATA><Dataset_0><Data><Row/><Other/></Data></Dataset_0></ORIMDATA>"), 1u);
-  EXPECT_THROW(rows_of(u"<ORIMDATA><Dataset_0><Data><Row>"), AutomationError)
-      << "a cut-off answer is no empty package";
+  try {
+    rows_of(u"<ORIMDATA><Dataset_0><Data><Row>");
+    FAIL() << "a cut-off answer is no empty package";
+  } catch (const AutomationError& failure) {
+    EXPECT_EQ(failure.Number, 0x80040004);
+  }
   EXPECT_EQ(testing::FailureOf([&] {
               rows_of(
                   u"<ORIMDATA><Dataset_0><Data><Row><Object_ID>2147483648</Object_ID></Row></Data></"

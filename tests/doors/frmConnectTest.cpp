@@ -116,7 +116,7 @@ TEST_F(ConnectTest, TheUserCanCloseItWhileARefreshRuns) {
 struct LostConnectionTest : ConnectTest {
   /// DOORS dies: what is asked of it fails, and its window is gone.
   void Die() {
-    application->failure = AutomationError(error::kNotConnected, u"DOORS", u"disconnected");
+    application->failure = AutomationError(0x800706BA, u"DOORS", u"its process is gone");
     desktop.WindowAt(1).class_name = u"";
   }
   /// Another DOORS comes up.

@@ -112,11 +112,12 @@ TEST_F(FailedFieldsTest, BelongToAFieldAndNotToItsName) {
 
 TEST_F(FailedFieldsTest, AnElementWithoutAnIdentifierIsTakenOutAgain) {
   StoreRules({u"Object Heading --> Name"});
+  AddElement(u"drawn by hand");
   model.Faults().FailTaggedValue(u"Object Identifier", kSave, kRefusal);
   model.Counters().Reset();
   const auto lines = Import();
   EXPECT_EQ(model.Counters().Writes(), 4) << "the record, the trash package, the first element and its end";
-  EXPECT_EQ(Tree(), "Trash Can\n");
+  EXPECT_EQ(Tree(), "drawn by hand\nTrash Can\n");
   EXPECT_EQ(
       LinesThatBegin(u"Warning: ", lines),
       (std::vector<Text>{
@@ -130,13 +131,13 @@ TEST_F(FailedFieldsTest, AnElementWithoutAnIdentifierIsTakenOutAgain) {
   EXPECT_TRUE(HasLine(lines, u"0 new, 0 changed, 0 moved, 0 archived, 0 restored, 0 unchanged, 3 failed"));
   model.Faults().FailMember(u"Call Elements.DeleteAt", kRefusal);
   const auto with_a_rest = Import();
-  EXPECT_EQ(Tree(), "nA\nTrash Can\n");
-  EXPECT_TRUE(HasLine(with_a_rest, u"Warning: The element 'nA' (id " + ToText(model.Tree(package_id)[0].id) +
+  EXPECT_EQ(Tree(), "drawn by hand\nnA\nTrash Can\n");
+  EXPECT_TRUE(HasLine(with_a_rest, u"Warning: The element 'nA' (id " + ToText(model.Tree(package_id)[1].id) +
                                        u") was made without an Object Identifier and could not be removed. "
                                        u"Delete it by hand."));
   model.Faults().Clear();
   Import();
-  EXPECT_EQ(Tree(), "[A] nA\n  [B] nB\n  [C] nC\nTrash Can\n");
+  EXPECT_EQ(Tree(), "drawn by hand\n[A] nA\n  [B] nB\n  [C] nC\nTrash Can\n");
 }
 
 }  // namespace

@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(Imports, AUseOfDoorsFails,
 
 TEST(DoorsIsNotThere, AndTheImportEndsBeforeItsBegin) {
   FaultScene scene(Stage::kOfChanges);
-  for (const std::uint32_t number : {error::kNotConnected, error::kCallFailed, error::kServerUnavailable}) {
+  for (const std::uint32_t number : {0x80010108u, 0x800706BEu, 0x800706BAu}) {
     scene.setup.doors.FailNextRun({number, u"DOORS", u"gone"});
     const ImportRun run = scene.setup.Import();
     EXPECT_EQ(run.messages, std::vector<Text>{kDoorsFailure}) << std::hex << number;

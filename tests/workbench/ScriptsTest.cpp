@@ -58,7 +58,7 @@ TEST_F(ScriptBench, EveryRunAnswersAndLeavesOpen) {
       {kExport, u"/P/M~0~Open", hidden, file, "displayed, Open, 0"},
       {kExport, u"/P/M~0~Open", hidden_edited, in_the_way, "hidden, edited, All, 0"},
       {kExport, u"/P/M~0~Open", displayed_edited, file, "displayed, edited, Open, 0"},
-      {kExport, u"/P/M~0~All", filtered, file, "displayed, All, 0"},
+      {kExport, u"/P/M~0~All~more", filtered, file, "displayed, All, 0"},
       {kExport, u"/P/M~0~Standard view", filtered, file, "displayed, Standard view, 0"},
       {kExport, u"/P/M~0~open", nothing, u"Error: View 'open' not available.", "displayed, Standard view, 0"},
       {kExport, u"/P/M~0~None", filtered, u"Error: View 'None' not available.", "displayed, Open, 0"},
@@ -71,7 +71,7 @@ TEST_F(ScriptBench, EveryRunAnswersAndLeavesOpen) {
       {kLocate, u"/P/M~5~", filtered, located, "displayed, Open, 5"},
       {kLocate, u"/P/M~5~", hidden_edited, in_the_way, "hidden, edited, All, 0"},
       {kLocate, u"/P/M~5~", displayed_edited, located, "displayed, edited, All, 5"},
-      {kLocate, u"/P/M~5~Open", nothing, located, "displayed, Open, 5"},
+      {kLocate, u"/P/M~5~Open~more", nothing, located, "displayed, Open, 5"},
       {kLocate, u"/P/M~5~None", displayed, u"Error: View 'None' not available.", "displayed, All, 0"},
       {kLocate, u"/P/M~5~Broken", displayed, u"Error: View 'Broken' not available.", "displayed, All, 0"},
   };
