@@ -8,6 +8,7 @@ class SampleForm : public Form {
   SampleForm() { SetCaption(u"Sample"); }
   Button cmdOK{this, u"cmdOK"};
   ListBox List1{this, u"List1"};
+  ListView lvRows{this, u"lvRows"};
   Timer Timer1{this, u"Timer1"};
 };
 
@@ -72,7 +73,7 @@ TEST_F(FormsTest, AUserCannotReachWhatIsDisabledHiddenOrNotThere) {
   EXPECT_TRUE(failures.empty());
 }
 
-TEST(ListBoxTest, SelectionGoesWithItsLine) {
+TEST(ListTest, SelectionGoesWithItsLine) {
   SampleForm form;
   for (const char16_t* line : {u"a", u"b", u"c"}) form.List1.AddItem(line);
   form.List1.SetListIndex(2);
@@ -80,6 +81,10 @@ TEST(ListBoxTest, SelectionGoesWithItsLine) {
   form.List1.Truncate(2);
   EXPECT_EQ(form.List1.ListIndex(), -1);
   EXPECT_EQ(form.List1.SelectedText(), u"");
+  form.lvRows.SetRows({{u"a"}, {u"b"}});
+  form.lvRows.SetSelection({1});
+  form.lvRows.SetRows({{u"c"}, {u"d"}});
+  EXPECT_TRUE(form.lvRows.SelectedRows().empty());
 }
 
 }  // namespace
