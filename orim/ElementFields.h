@@ -14,7 +14,7 @@ struct ElementField {
 };
 
 /// In the order in which the user is offered them.
-inline constexpr std::array<ElementField, 10> kElementFields = {{
+inline constexpr auto kElementFields = std::to_array<ElementField>({
     {u"Name", u"Name"},
     {u"Alias", u"Alias"},
     {u"Status", u"Status"},
@@ -25,7 +25,7 @@ inline constexpr std::array<ElementField, 10> kElementFields = {{
     {u"Phase", u"Phase"},
     {u"Version", u"Version"},
     {u"Notes", u"Note"},
-}};
+});
 
 /// The field of exactly that name, or null.
 inline const ElementField* FindElementField(TextView name) {
