@@ -203,7 +203,7 @@ TEST_F(ImportWindowTest, CaptionsFollowTheDirectionAndHelpItsTopic) {
 TEST_F(ImportWindowTest, TheExportComparisonNamesWhatTheModuleLacksAndChangesNothing) {
   AddElement(u"Only here", {{u"Object Identifier", u"R9"}});
   AddElement(u"In both", {{u"Object Identifier", u"R1"}});
-  application->objects = {{{"a1", u"R1"}, {"a9", u"renamed"}}, {{"a1", u"R2"}}};
+  application->objects = {{{"a1", u"R2"}}, {{"a1", u"R1"}, {"a9", u"renamed"}}};
   model.Counters().Reset();
   const auto lines = Import(1);
   ASSERT_EQ(lines.size(), 6u);
