@@ -32,6 +32,7 @@ TEST(DataFolderTest, OneThatCannotBeMadeIsToldAndReturnedAllTheSame) {
     const Desktop::Callback callback(test.desktop);
     test.desktop.OnMessage(u"Failed to create data folder");
     GetLinkFilePath(test.platform, kGuid);
+    { const Desktop::Callback nested(test.desktop); }
     GetLinkModulePath(test.platform, kGuid);
     test.desktop.ExpectNothingLeft();
   }
