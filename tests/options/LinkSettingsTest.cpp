@@ -3,6 +3,7 @@
 
 #include "common/Resources.h"
 #include "platform/Automation.h"
+#include "tests/options/PeerLog.h"
 #include "tests/options/Rules.h"
 
 namespace kestrune::testing {
@@ -194,18 +195,6 @@ TEST(LinkSettings, OfTwoRulesForOneFieldTheEarlierIsUsed) {
   EXPECT_EQ(unused[2].first, u"G");
 }
 
-/// Where a list was scrolled to, at each of its changes.
-struct ScrollLog : FormPeer {
-  void FormChanged(Form&) override {}
-  void ControlChanged(Control& control) override {
-    if (const auto row = dynamic_cast<ListView&>(control).VisibleRow()) rows.push_back(*row);
-  }
-  void Repaint(Control&) override {}
-  void SetFocus(Control&) override {}
-  void PopUp(Menu&, Control&) override {}
-  std::vector<std::size_t> rows;
-};
-
 struct ListForm : Form {
   ListView lvMappings{this, u"lvMappings"};
 };
@@ -213,7 +202,7 @@ struct ListForm : Form {
 TEST(LinkSettings, AreListedAfreshWithoutAJumpToTheTop) {
   const LinkSettings settings = SettingsOf({u"A", u"B --> Name", u"C"});
   ListForm form;
-  ScrollLog log;
+  PeerLog log;
   form.Open(&log);
   settings.FillListBox(form.lvMappings);
   settings.FillListBox(form.lvMappings, {6, 7});

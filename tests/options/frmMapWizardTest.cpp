@@ -1,5 +1,6 @@
 #include "options/frmMapWizard.h"
 #include "orim/ElementFields.h"
+#include "tests/options/PeerLog.h"
 #include "tests/options/Rules.h"
 #include "tests/support/TestPlatform.h"
 
@@ -45,7 +46,9 @@ TEST_F(MapWizardTest, MapsOneAttribute) {
 }
 
 TEST_F(MapWizardTest, CombinesTwoAttributesPageByPage) {
-  const auto user = [this](frmMapWizard& form) {
+  PeerLog log;
+  const auto user = [&](frmMapWizard& form) {
+    form.Open(&log);
     EXPECT_EQ(Visible(form), Lines({u"lstExtra"}));
     EXPECT_EQ(form.lstExtra.Items(), Lines({u"Object Heading", u"Other"}));
     EXPECT_EQ(form.lstExtra.SelectedText(), u"Object Heading");
@@ -64,6 +67,8 @@ TEST_F(MapWizardTest, CombinesTwoAttributesPageByPage) {
   const Lines rules = {u"Object Heading", u"Object Number", u"Taken --> Notes", u"Other"};
   EXPECT_EQ(Run(rules, u"Object Number", true, user), u"Object Number [ -  Other] --> (Tagged Value)");
   EXPECT_EQ(desktop.HelpShown(), std::vector<int>({6140}));
+  EXPECT_EQ(log.focused, Lines({u"lstExtra", u"txtSep", u"lstTarget"}))
+      << "each page begins with its control";
 }
 
 TEST_F(MapWizardTest, ShowsWhatASeparatorMakesOfBothAttributes) {
