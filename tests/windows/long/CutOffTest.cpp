@@ -1,6 +1,8 @@
 // The host and DOORS, each killed in the middle of an import.
 #include <random>
 
+#include "platform/com/ComText.h"
+#include "standins/windows/process/Arguments.h"
 #include "tests/standins/windows/processes/HostRun.h"
 #include "tests/windows/long/LargeModule.h"
 
@@ -29,13 +31,23 @@ class KilledHost : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { RegisterAddIn(); }
 
-  HANDLE Start(const Text& script) {
+  std::vector<Text> HostPlaying(const Text& script) {
     WriteFile(folder_.File(u"x.play"), ToUtf8(script));
-    return standins::StartProgram({FromUtf8(KESTRUNE_HOST_PROGRAM), u"play", folder_.File(u"x.play"),
-                                   u"--model", model_, u"--package", u"Requirements", u"--doors", doors_});
+    return {FromUtf8(KESTRUNE_HOST_PROGRAM),
+            u"play",
+            folder_.File(u"x.play"),
+            u"--model",
+            model_,
+            u"--package",
+            u"Requirements",
+            u"--doors",
+            doors_};
   }
   void Play(const Text& script) {
-    ASSERT_EQ(standins::AwaitEnd(Start(script), 60'000), 0u) << ToUtf8(script);
+    std::wstring line = L"cmd /c " + standins::CommandLineOf(HostPlaying(script));
+    const Text lines = folder_.File(u"lines");
+    line.append(L" >").append(Wide(lines)).append(L" 2>&1");
+    ASSERT_EQ(_wsystem(line.c_str()), 0) << ReadFile(lines);
   }
   /// The model as it was when it was linked, and nothing of a later one.
   void GoBack(const std::string& linked) {
@@ -66,7 +78,7 @@ TEST_F(KilledHost, IsHealedByTheNextImport) {
   int unfinished = 0;
   for (int i = 0; i < kMoments && !HasFailure(); ++i) {
     GoBack(linked);
-    const HANDLE host = Start(kImport);
+    const HANDLE host = standins::StartProgram(HostPlaying(kImport));
     const DWORD moment = duration / 4 + random() % duration;  // the host starts before anything is written
     WaitForSingleObject(host, moment);
     TerminateProcess(host, 9);
