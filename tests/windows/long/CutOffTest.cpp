@@ -1,8 +1,7 @@
 // The host and DOORS, each killed in the middle of an import.
 #include <random>
 
-#include "tests/standins/windows/processes/HostRun.h"
-#include "tests/windows/long/LargeModule.h"
+#include "tests/windows/long/HostRun.h"
 
 namespace kestrune::testing {
 namespace {
