@@ -14,7 +14,6 @@ void Call::Set(std::size_t i, Value value) {
 
 Value Promised(Value value, Type type) {
   if (type == kAny || type == kVoid) return value;
-  if (!value.IsAssigned()) return Value::Default(type);
   if (value.Kind() == kUntypedHandle && IsHandle(type)) value.SetHandleType(type);
   if (value.Kind() != type)
     throw std::logic_error("a perm gave a value of another type than its signature says");

@@ -51,8 +51,8 @@ class Call {
   std::span<const Type> types_;
 };
 
-/// What a perm or a loop gave, as its signature promises it: the default for nothing, handles under their
-/// type. Throws std::logic_error for a value of another type, which is a mistake in the perm.
+/// What a perm or a loop gave, as its signature promises it: handles under their type. Throws std::logic_error
+/// for a value of another type, which is a mistake in the perm.
 Value Promised(Value value, Type type);
 
 }  // namespace kestrune::dxl

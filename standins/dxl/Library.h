@@ -34,7 +34,7 @@ struct Parameter {
   bool may_be_null = false;  // a handle; otherwise null is refused before the perm runs
 };
 
-/// A perm throws ScriptError for a run-time error. A result of Value() is the default of the result type.
+/// A perm throws ScriptError for a run-time error. Value() is the result of a void one.
 using Perm = std::function<Value(Call&)>;
 
 struct PermEntry {

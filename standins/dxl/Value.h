@@ -12,7 +12,7 @@ namespace kestrune::dxl {
 
 class Value {
  public:
-  Value() = default;  // unassigned; as the result of a perm: nothing, null, 0, "" or false
+  Value() = default;  // unassigned; the result of a void perm
   Value(bool value) : type_(kBool) { scalar_.boolean = value; }
   Value(char16_t value) : type_(kChar) { scalar_.character = value; }
   Value(std::int32_t value) : type_(kInt) { scalar_.integer = value; }

@@ -1,6 +1,7 @@
 // kestrune-workbench as it is run at a terminal, in a folder of its own.
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <sstream>
@@ -22,8 +23,17 @@ struct Outcome {
 
 class CommandLine : public ::testing::Test {
  protected:
-  /// A word that begins with "@" is a file in the test's folder.
-  Outcome Run(const Words& words) {
+  /// The command on a model, a DOORS database and a package, at first those of the test itself.
+  static Words On(Words words, const char* model = "@m.orim", const char* doors = "@d.doors",
+                  const char* package = "Req") {
+    words.insert(words.end(), {"--model", model, "--doors", doors, "--package", package});
+    return words;
+  }
+
+  /// A word that begins with "@" is a file in the test's folder. The add-in's files go to "@data", unless
+  /// the words say where.
+  Outcome Run(Words words) {
+    if (std::ranges::find(words, "--data") == words.end()) words.insert(words.end(), {"--data", "@data"});
     Words args;
     for (const std::string& word : words) args.push_back(word.starts_with('@') ? At(word.substr(1)) : word);
     std::istringstream in;

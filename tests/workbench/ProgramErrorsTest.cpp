@@ -14,43 +14,28 @@ using testing::CommandLine;
 using testing::Outcome;
 using testing::Words;
 
-Words OnReq(Words words) {
-  words.insert(words.end(), {"--model", "@m.orim", "--doors", "@d.doors", "--package", "Req"});
-  return words;
-}
-Words OnLoose(Words words) {
-  words.insert(words.end(), {"--model", "@loose.orim", "--doors", "@d.doors", "--package", "Loose"});
-  return words;
-}
-Words With(Words words, const char* model, const char* doors, const char* package) {
-  words.insert(words.end(), {"--model", model, "--doors", doors, "--package", package});
-  return words;
-}
-
 /// In the folder: a model "m.orim" with the linked package "Req" and the unlinked one "Loose", a DOORS
 /// database "d.doors", files that are neither, and a package whose module is gone.
 class BadCommands : public CommandLine {
  protected:
   BadCommands() {
-    Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--at", "/Demo", "--data",
-        "@data"});
-    Do({"new", "@m.orim", "--package", "Req", "--data", "@data"});
-    Do({"new", "@loose.orim", "--package", "Loose", "--data", "@data"});
-    Do(OnReq({"link", "--module", "/Demo/Specification Document", "--data", "@data"}));
-    Do(OnReq({"options", "--data", "@data"}));
+    Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--at", "/Demo"});
+    Do({"new", "@m.orim", "--package", "Req"});
+    Do({"new", "@loose.orim", "--package", "Loose"});
+    Do(On({"link", "--module", "/Demo/Specification Document"}));
+    Do(On({"options"}));
     WriteFile(folder.File(u"text"), "no model, no database, no requirements");
     WriteFile(folder.File(u"empty"), "");
     WriteFile(folder.File(u"other.xml"), "<other/>");
     WriteFile(folder.File(u"template.txt"), "Orim Studio Mapping Template\n --> Name\n");
     standins::DoorsDatabase::Create(ToPath(folder.File(u"bare.doors")));
     // The selection is part of the model.
-    Run(OnLoose({"import", "--data", "@data"}));
+    Run(On({"import"}, "@loose.orim", "@d.doors", "Loose"));
     files_ = Files();
   }
 
   /// Runs the command, which fails, has these words in its error and changes no file.
-  Outcome Fail(Words words, std::string_view says) {
-    words.insert(words.end(), {"--data", "@data"});
+  Outcome Fail(const Words& words, std::string_view says) {
     Outcome outcome = Run(words);
     ExpectFailure(outcome, says);
     return outcome;
@@ -68,12 +53,12 @@ class BadCommands : public CommandLine {
 TEST_F(BadCommands, EndInOneLineAndWriteNothing) {
   const std::pair<Words, const char*> cases[] = {
       {{"impart"}, "impart"},
-      {OnReq({"import", "--fast"}), "--fast"},
+      {On({"import", "--fast"}), "--fast"},
       {{"tree"}, "--model"},
       {{"doors", "modules"}, "--doors"},
       {{"import", "--model", "@m.orim", "--doors", "@d.doors"}, "--package"},
-      {OnReq({"link"}), "--module"},
-      {OnReq({"import", "--yes", "--no"}), "--"},
+      {On({"link"}), "--module"},
+      {On({"import", "--yes", "--no"}), "--"},
 
       {{"tree", "--model", "@none"}, "@none"},
       {{"tree", "--model", "@text"}, "@text"},
@@ -86,25 +71,25 @@ TEST_F(BadCommands, EndInOneLineAndWriteNothing) {
       {{"doors", "modules", "--doors", "@none"}, "@none"},
       {{"doors", "modules", "--doors", "@text"}, "@text"},
       {{"doors", "modules", "--doors", "@m.orim"}, "@m.orim"},
-      {With({"import"}, "@none", "@d.doors", "Req"), "@none"},
-      {With({"import"}, "@m.orim", "@none", "Req"), "@none"},
+      {On({"import"}, "@none", "@d.doors", "Req"), "@none"},
+      {On({"import"}, "@m.orim", "@none", "Req"), "@none"},
       {{"dxl", "@none", "--doors", "@d.doors"}, "@none"},
       {{"doors", "load", "@none", "--doors", "@d.doors"}, "@none"},
       {{"doors", "load", "@text", "--doors", "@d.doors"}, "@text"},
       {{"doors", "load", "@other.xml", "--doors", "@d.doors"}, "@other.xml"},
       {{"doors", "load", "@text", "--doors", "@new.doors"}, "@text"},
       {{"doors", "load", "@text", "--doors", "@m.orim"}, "@m.orim"},
-      {OnReq({"options", "--template", "@none"}), "@none"},
+      {On({"options", "--template", "@none"}), "@none"},
 
-      {With({"import"}, "@m.orim", "@d.doors", "Nope"), "Nope"},
-      {OnReq({"link", "--module", "/Demo/Nope"}), "/Demo/Nope"},
-      {OnReq({"link", "--module", "/Demo"}), "/Demo"},
+      {On({"import"}, "@m.orim", "@d.doors", "Nope"), "Nope"},
+      {On({"link", "--module", "/Demo/Nope"}), "/Demo/Nope"},
+      {On({"link", "--module", "/Demo"}), "/Demo"},
       {{"doors", "views", "/Demo/Nope", "--doors", "@d.doors"}, "/Demo/Nope"},
-      {OnReq({"options", "--view", "Nope"}), "Nope"},
-      {OnReq({"locate", "Nope"}), "Nope"},
-      {OnLoose({"import"}), "not linked"},
-      {OnLoose({"export-check"}), "not linked"},
-      {OnLoose({"options"}), "not linked"},
+      {On({"options", "--view", "Nope"}), "Nope"},
+      {On({"locate", "Nope"}), "Nope"},
+      {On({"import"}, "@loose.orim", "@d.doors", "Loose"), "not linked"},
+      {On({"export-check"}, "@loose.orim", "@d.doors", "Loose"), "not linked"},
+      {On({"options"}, "@loose.orim", "@d.doors", "Loose"), "not linked"},
   };
   for (const auto& [words, says] : cases) {
     SCOPED_TRACE(::testing::PrintToString(words));
@@ -118,18 +103,16 @@ TEST_F(BadCommands, EndInOneLineAndWriteNothing) {
 TEST_F(CommandLine, AWrongPathLeavesNoDataFolder) {
   WriteFile(folder.File(u"text"), "no model, no database");
   for (const Words& words :
-       {OnReq({"import"}), With({"import"}, "@text", "@text", "Req"),
+       {On({"import"}), On({"import"}, "@text", "@text", "Req"),
         Words{"doors", "modules", "--doors", "@text"}, Words{"dxl", "@none", "--doors", "@text"},
         Words{"packages", "--model", "@none"}}) {
-    Words with_data = words;
-    with_data.insert(with_data.end(), {"--data", "@data"});
-    EXPECT_EQ(Run(with_data).status, 1);
+    EXPECT_EQ(Run(words).status, 1);
     EXPECT_FALSE(std::filesystem::exists(At("data"))) << ::testing::PrintToString(words);
   }
 }
 
 TEST_F(BadCommands, NameAFileThatAnotherProgramHolds) {
-  const Words import = OnReq({"import", "--data", "@data"});
+  const Words import = On({"import"});
   for (const char* name : {"d.doors", "m.orim"}) {
     const Outcome outcome = [&] {
       standins::Database other = standins::Database::Open(At(name));
@@ -157,7 +140,7 @@ TEST_F(BadCommands, NameWhatMayNotBeWritten) {
   };
   const auto import = [this] {
     const AsAnybody anybody;
-    return Run(OnReq({"import", "--data", "@data"}));
+    return Run(On({"import"}));
   };
   permit("", 0777);
   for (const auto& entry : std::filesystem::recursive_directory_iterator(At(""))) permit(entry.path(), 0777);
@@ -202,9 +185,9 @@ TEST_F(BadCommands, AFullDiskIsNamedAndTheNextImportHeals) {
   const SmallDisk disk(At("small"));
   if (!disk.IsThere()) GTEST_SKIP() << "NOT RUN: a small disk cannot be mounted here, which takes root.";
   const auto import = [this](const char* model, const char* data) {
-    return Run(With({"import", "--data", data}, model, "@d.doors", "Req"));
+    return Run(On({"import", "--data", data}, model, "@d.doors", "Req"));
   };
-  const auto tree = [this](const char* model) { return Do({"tree", "--model", model, "--data", "@data"}); };
+  const auto tree = [this](const char* model) { return Do({"tree", "--model", model}); };
   std::filesystem::copy(At("m.orim"), At("small/m.orim"));
   for (const auto& [size, says] :
        {std::pair("size=60k", "m.orim: the file cannot be read or written; see that its disk has room"),
@@ -245,14 +228,14 @@ TEST_F(BadCommands, EndWithOneWhereTheOutputCannotBeWritten) {
 TEST_F(CommandLine, CutOffCommandsLeaveNothingInTheWay) {
   for (const char16_t* left : {u"m.orim.part", u"m.orim.part-journal", u"d.doors.part"})
     WriteFile(folder.File(left), "half of it");
-  Do({"new", "@m.orim", "--package", "Req", "--data", "@data"});
-  Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors", "--data", "@data"});
-  Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});
+  Do({"new", "@m.orim", "--package", "Req"});
+  Do({"doors", "load", Sample("resync-a.reqif"), "--doors", "@d.doors"});
+  Do({"doors", "modules", "--doors", "@d.doors"});
   for (const char16_t* exported : {u"DP1", u"DP2"})
     WriteFile(folder.File(Text(u"data/Temp/") + exported), "");
   std::filesystem::last_write_time(ToPath(folder.File(u"data/Temp/DP1")),
                                    std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
-  Do({"doors", "modules", "--doors", "@d.doors", "--data", "@data"});
+  Do({"doors", "modules", "--doors", "@d.doors"});
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(ToPath(folder.Path())))
     if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
@@ -270,8 +253,7 @@ TEST_F(BadCommands, AFullDiskKeepsTheOldLink) {
   const auto old_link = link_file();
   const auto beside = std::filesystem::path(old_link.first).replace_extension(".new");
   std::filesystem::create_symlink("/dev/full", beside);
-  const Words relink =
-      OnReq({"link", "--module", "/Demo/rmf-18a7243e-f39d-4356-a155-76ead45e4a45", "--data", "@data"});
+  const Words relink = On({"link", "--module", "/Demo/rmf-18a7243e-f39d-4356-a155-76ead45e4a45"});
   EXPECT_EQ(Run(relink).status, 1);
   EXPECT_EQ(link_file(), old_link);
   EXPECT_FALSE(std::filesystem::is_symlink(beside)) << "what was written beside is gone";
@@ -279,10 +261,10 @@ TEST_F(BadCommands, AFullDiskKeepsTheOldLink) {
 
 TEST_F(BadCommands, EndInAMessageAndALineAndWriteNothing) {
   const std::pair<Words, const char*> cases[] = {
-      {OnReq({"unlink", "--no"}), "\nThe package stays as it was.\n"},
-      {With({"import"}, "@m.orim", "@bare.doors", "Req"), "Module '/Demo/Specification Document' not found."},
-      {OnReq({"options", "--template", "@text"}), "template"},
-      {OnReq({"options", "--template", "@template.txt"}), " --> Name"},
+      {On({"unlink", "--no"}), "\nThe package stays as it was.\n"},
+      {On({"import"}, "@m.orim", "@bare.doors", "Req"), "Module '/Demo/Specification Document' not found."},
+      {On({"options", "--template", "@text"}), "template"},
+      {On({"options", "--template", "@template.txt"}), " --> Name"},
   };
   for (const auto& [words, says] : cases) {
     SCOPED_TRACE(::testing::PrintToString(words));

@@ -43,11 +43,7 @@ class DomNode : public StandInObject<DomNode> {
          {.call = [](DomNode& self, const Args& args) { return self.AppendChild(args[0]); }, .arg_count = 1}},
         {u"setAttribute",
          {.call = [](DomNode& self, const Args& args) { return self.SetAttribute(args); }, .arg_count = 2}},
-        {u"text",
-         {.get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->TextOf(self.node_))); },
-          .put = [](DomNode& self, const Variant& value) { self.SetText(value.ToText()); }}},
-        {u"nodeName",
-         {.get = [](DomNode& self) { return Variant(FromUtf8(self.tree_->NameOf(self.node_))); }}},
+        {u"text", {.put = [](DomNode& self, const Variant& value) { self.SetText(value.ToText()); }}},
         {u"xml", {.get = [](DomNode& self) { return Variant(TextOf(*self.tree_, self.node_)); }}},
     };
     return table;
@@ -116,7 +112,6 @@ class DomDocument : public StandInObject<DomDocument> {
         {u"appendChild",
          {.call = [](DomDocument& self, const Args& args) { return self.AppendChild(args[0]); },
           .arg_count = 1}},
-        {u"documentElement", {.get = [](DomDocument& self) { return self.DocumentElement(); }}},
         {u"xml", {.get = [](DomDocument& self) { return Variant(TextOf(*self.tree_, XmlTree::kDocument)); }}},
         {u"save",
          {.call = [](DomDocument& self, const Args& args) { return self.Save(args[0].ToText()); },
@@ -149,11 +144,6 @@ class DomDocument : public StandInObject<DomDocument> {
       Refuse(error::kTypeMismatch, u"appendChild", u"the document has a root element already");
     tree_->Append(XmlTree::kDocument, child);
     return argument;
-  }
-
-  Variant DocumentElement() const {
-    const XmlTree::Node root = tree_->Root();
-    return root == XmlTree::kNone ? Variant(Object()) : Wrap(root);
   }
 
   Variant Save(const Text& path) {

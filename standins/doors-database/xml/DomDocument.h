@@ -1,5 +1,5 @@
 // "MSXML2.DOMDocument" as scripts in DOORS use it to build a file: createProcessingInstruction,
-// createElement, appendChild, setAttribute, text, nodeName, documentElement, xml, save. It neither loads
+// createElement, appendChild, setAttribute, text (to write), xml, save. It neither loads
 // nor queries. Like the real one it writes control characters as they come, so that a file with them in
 // it is no XML.
 #pragma once

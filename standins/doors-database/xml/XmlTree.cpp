@@ -113,13 +113,6 @@ XmlTree::Node XmlTree::After(Node node, Node top, Leave leave) const {
   return kNone;
 }
 
-std::string XmlTree::TextOf(Node element) const {
-  std::string text;
-  for (Node node = element; node != kNone; node = After(node, element, [](const Entry&) {}))
-    if (nodes_[node].kind == Kind::kElement) text += nodes_[node].text;
-  return text;
-}
-
 void XmlTree::Write(Node node, std::ostream& out) const {
   const auto leave = [&](const Entry& entry) { WriteEnd(entry, out); };
   for (Node next = node; next != kNone; next = After(next, node, leave)) WriteStart(nodes_[next], out);

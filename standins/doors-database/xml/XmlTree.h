@@ -24,7 +24,6 @@ class XmlTree {
   Node NewInstruction(const std::string& target, std::string data);
 
   Kind KindOf(Node node) const { return nodes_[node].kind; }
-  const std::string& NameOf(Node node) const { return *names_[nodes_[node].name]; }
   Node ParentOf(Node node) const { return nodes_[node].parent; }
   bool HasChildren(Node node) const { return nodes_[node].first_child != kNone; }
   /// The document's root element, or kNone.
@@ -35,8 +34,6 @@ class XmlTree {
   void SetAttribute(Node element, const std::string& name, std::string value);
   /// Replaces everything in the element.
   void SetText(Node element, std::string text);
-  /// All text in the element and below.
-  std::string TextOf(Node element) const;
 
   /// Writes a node as it stands, without indentation; the document with a line end after each of
   /// its children. Only what a parser would take for markup, and carriage returns, which it

@@ -31,13 +31,4 @@ class DoorsDatabaseTest : public ::testing::Test {
   DoorsDatabase database = DoorsDatabase::Create(":memory:");
 };
 
-/// The text of an attribute of the object with that absolute number.
-inline Text ValueOf(const ModuleContent& content, int absolute_number, TextView attribute) {
-  const int object = content.ObjectAt(absolute_number);
-  const int definition = content.AttributeAt(attribute);
-  if (object == ModuleContent::kNone) return u"(no object " + ToText(absolute_number) + u")";
-  if (definition == ModuleContent::kNone) return u"(no such attribute)";
-  return content.Value(object, definition);
-}
-
 }  // namespace kestrune::standins

@@ -9,9 +9,9 @@ namespace {
 class LoadReqifTest : public DoorsDatabaseTest {
  protected:
   std::vector<LoadedModule> Load(TextView name) { return LoadReqif(database, ReqifFile(name), u"/P/Folder"); }
-  std::vector<LoadedModule> LoadText(const std::string& xml) {
+  std::vector<LoadedModule> LoadText(const std::string& xml, TextView project = u"/P") {
     WriteFile(folder.File(u"x.reqif"), xml);
-    return LoadReqif(database, folder.File(u"x.reqif"), u"/P");
+    return LoadReqif(database, folder.File(u"x.reqif"), project);
   }
 };
 
@@ -35,8 +35,9 @@ TEST_F(LoadReqifTest, NativeExportKeepsNumbersTablesAndSystemAttributes) {
       (std::map<TablePart, int>{
           {TablePart::kNone, 243}, {TablePart::kTable, 1}, {TablePart::kRow, 6}, {TablePart::kCell, 36}}));
   EXPECT_EQ(content.Objects().front().absolute_number, 287);
-  EXPECT_EQ(ValueOf(content, 288, u"Object Heading"), u"2.1\tSujasumilazu Ejarusu");
-  EXPECT_EQ(ValueOf(content, 288, u"Created On"), u"23 January 2014");
+  const int second = content.ObjectAt(288);
+  EXPECT_EQ(content.Value(second, content.AttributeAt(u"Object Heading")), u"2.1\tSujasumilazu Ejarusu");
+  EXPECT_EQ(content.Value(second, content.AttributeAt(u"Created On")), u"23 January 2014");
   std::vector<Text> user_attributes;
   for (const auto& attribute : content.Attributes())
     if (attribute.on_object && !attribute.system) user_attributes.push_back(attribute.name);
@@ -85,7 +86,8 @@ TEST_F(LoadReqifTest, AModuleHasValuesOfItsOwn) {
 TEST_F(LoadReqifTest, WithoutNumbersInTheFileObjectsAreNumberedInTheirOrderAndNewOnesBehindThem) {
   const auto first = LoadReqif(database, ReqifFile(u"resync-a.reqif"));
   EXPECT_EQ(first[0].path, u"/ProR Versioning Support/Specification Document");
-  EXPECT_EQ(ValueOf(Content(first[0].path), 2, u"ID"), u"REQ-1");
+  const auto content = Content(first[0].path);
+  EXPECT_EQ(content.Value(content.ObjectAt(2), content.AttributeAt(u"ID")), u"REQ-1");
   LoadReqif(database, ReqifFile(u"resync-b.reqif"));
   EXPECT_EQ(Ask("SELECT min(absolute_number) FROM object WHERE absolute_number > 42 AND NOT deleted"), u"43");
   EXPECT_EQ(Ask("SELECT count(*) FROM attribute WHERE name = 'Actors'"), u"2") << "not once for each module";
@@ -148,6 +150,25 @@ std::string Document(const std::string& objects, const std::string& places) {
                                    "</CHILDREN></SPECIFICATION>");
 }
 
+/// A line for each object: its number, "-" when it is deleted, "<" and its parent's number, its values.
+std::string Show(const ModuleContent& content) {
+  std::string lines;
+  for (std::size_t i = 0; i < content.Objects().size(); ++i) {
+    const DoorsObject& object = content.Objects()[i];
+    lines += std::to_string(object.absolute_number) + (object.deleted ? "-" : "");
+    if (object.parent >= 0)
+      lines += "<" + std::to_string(content.Objects().at(object.parent).absolute_number);
+    for (std::size_t a = 0; a < content.Attributes().size(); ++a) {
+      const AttributeDefinition& attribute = content.Attributes()[a];
+      const Text& value = content.Value(static_cast<int>(i), static_cast<int>(a));
+      if (attribute.name != u"Absolute Number" && !value.empty())
+        lines += "|" + ToUtf8(attribute.name + u"=" + value);
+    }
+    lines += "\n";
+  }
+  return lines;
+}
+
 TEST_F(LoadReqifTest, ValuesOfEveryKindReadAsDoorsShowsThem) {
   LoadText(Document(
       SpecObject(
@@ -160,64 +181,50 @@ TEST_F(LoadReqifTest, ValuesOfEveryKindReadAsDoorsShowsThem) {
           SpecObject("o2", "T2", Value("STRING", "n2", "merged") + Value("STRING", "h", "Heading")),
       Place("o1") + Place("o2")));
   const auto content = Content(u"/P/A-B");
-  EXPECT_EQ(ValueOf(content, 70, u"Note"), u"one\r\ntwo");
-  EXPECT_EQ(ValueOf(content, 70, u"Yes"), u"True");
-  EXPECT_EQ(ValueOf(content, 70, u"When"), u"29 February 2024 13:05:09");
-  EXPECT_EQ(ValueOf(content, 70, u"Colours"), u"Blue\nRed");
-  EXPECT_EQ(ValueOf(content, 71, u"Note"), u"merged");
-  EXPECT_EQ(ValueOf(content, 71, u"Object Heading"), u"Heading");
-  EXPECT_EQ(ValueOf(content, 71, u"Colours"), u"") << "the default is for new objects";
-
+  EXPECT_EQ(Show(content),
+            "70|Note=one\r\ntwo|Colours=Blue\nRed|Yes=True|When=29 February 2024 13:05:09\n"
+            "71|Object Heading=Heading|Note=merged\n")
+      << "the default of Colours is for new objects";
   std::string definitions;
   for (const auto& attribute : content.Attributes())
     if (!attribute.system) definitions += ToUtf8(attribute.name + u":" + attribute.type + u" ");
   EXPECT_EQ(definitions, "Note:Line Colours:Colour Yes:Boolean When:Date ");
 }
 
-TEST_F(LoadReqifTest, ObjectsAreRecognisedByNumberWhenTheirIdentifierIsNew) {
-  const auto state = [](const char* key, const std::string& values) {
-    return Document(SpecObject(key, "T1", Value("INTEGER", "id", "70") + values), Place(key));
-  };
-  LoadText(state("old", Value("STRING", "n", "before") + Value("BOOLEAN", "y", "true")));
-  LoadText(state("new", Value("STRING", "n", "after")));
-  const auto content = Content(u"/P/A-B");
-  ASSERT_EQ(content.Objects().size(), 1u);
-  EXPECT_EQ(ValueOf(content, 70, u"Note"), u"after");
-  EXPECT_EQ(ValueOf(content, 70, u"Yes"), u"") << "a value that the file no longer has";
-}
-
-TEST_F(LoadReqifTest, AnObjectAtTwoPlacesIsTwoObjects) {
-  LoadText(Document(SpecObject("o", "T1", Value("INTEGER", "id", "5")), Place("o", Place("o"))));
-  LoadText(Document(SpecObject("o", "T1", Value("INTEGER", "id", "5")), Place("o", Place("o"))));
-  const auto content = Content(u"/P/A-B");
-  ASSERT_EQ(content.Objects().size(), 2u);
-  EXPECT_EQ(content.Objects()[1].absolute_number, 6);
-  EXPECT_EQ(content.Objects()[1].parent, 0);
-}
-
-TEST_F(LoadReqifTest, NumbersAndKeysStayApartWhateverTheFileCallsThem) {
+TEST_F(LoadReqifTest, ObjectsAreRecognisedAndNumbered) {
   const auto number = [](const char* n) { return Value("INTEGER", "id", n); };
-  LoadText(Document(SpecObject("a", "T1", number("2147483647")) + SpecObject("a#2", "T1", number("1")) +
-                        SpecObject("b", "T1", ""),
-                    Place("a") + Place("a") + Place("a#2") + Place("b")));
-  LoadText(Document(SpecObject("a", "T1", "") + SpecObject("c", "T1", number("99999999999")),
-                    Place("a") + Place("c")));
-  const auto content = Content(u"/P/A-B");
-  std::string numbers;
-  for (const DoorsObject& object : content.Objects())
-    numbers += std::to_string(object.absolute_number) + (object.deleted ? "- " : " ");
-  EXPECT_EQ(numbers, "2147483647 2- 4 1- 3- ") << "the lowest free ones behind the last of all";
-}
-
-TEST_F(LoadReqifTest, AttributesOfOneNameKeepTheirValues) {
-  LoadText(Document(SpecObject("o", "T3",
-                               Value("STRING", "m1", "one") + Value("STRING", "m2", "two") +
-                                   Value("STRING", "m3", "three")),
-                    Place("o")));
-  const auto content = Content(u"/P/A-B");
-  EXPECT_EQ(ValueOf(content, 1, u"More"), u"one");
-  EXPECT_EQ(ValueOf(content, 1, u"More (3)"), u"two");
-  EXPECT_EQ(ValueOf(content, 1, u"More (2)"), u"three");
+  const std::string twice = Document(SpecObject("o", "T1", number("5")), Place("o", Place("o")));
+  const struct {
+    const char* what;
+    std::vector<std::string> documents;  // loaded one after the other
+    const char* objects;
+  } cases[] = {
+      {"by number when the identifier is new, without the value that the file no longer has",
+       {Document(SpecObject("old", "T1",
+                            number("70") + Value("STRING", "n", "before") + Value("BOOLEAN", "y", "true")),
+                 Place("old")),
+        Document(SpecObject("new", "T1", number("70") + Value("STRING", "n", "after")), Place("new"))},
+       "70|Note=after\n"},
+      {"an object at two places is two", {twice, twice}, "5\n6<5\n"},
+      {"the lowest free numbers behind the last of all, whatever the file calls them",
+       {Document(SpecObject("a", "T1", number("2147483647")) + SpecObject("a#2", "T1", number("1")) +
+                     SpecObject("b", "T1", ""),
+                 Place("a") + Place("a") + Place("a#2") + Place("b")),
+        Document(SpecObject("a", "T1", "") + SpecObject("c", "T1", number("99999999999")),
+                 Place("a") + Place("c"))},
+       "2147483647\n2-\n4\n1-\n3-\n"},
+      {"attributes of one name keep their values",
+       {Document(SpecObject("o", "T3",
+                            Value("STRING", "m1", "one") + Value("STRING", "m2", "two") +
+                                Value("STRING", "m3", "three")),
+                 Place("o"))},
+       "1|More=one|More (3)=two|More (2)=three\n"},
+  };
+  for (const auto& each : cases) {
+    const Text project = u"/Project " + ToText(&each - cases);
+    for (const std::string& document : each.documents) LoadText(document, project);
+    EXPECT_EQ(Show(Content(project + u"/A-B")), each.objects) << each.what;
+  }
 }
 
 TEST_F(LoadReqifTest, DocumentsGetNamesThatPathsCanHave) {
@@ -234,10 +241,7 @@ TEST_F(LoadReqifTest, AnEntryWithoutItsObjectIsLeftOutWithAWarning) {
   const auto loaded =
       LoadText(Document(SpecObject("a", "T1", "") + SpecObject("b", "T1", "") + SpecObject("c", "T1", ""),
                         Place("a", "\n" + Place("lost", Place("b", Place("c")))) + Place("gone")));
-  const auto content = Content(u"/P/A-B");
-  ASSERT_EQ(content.Objects().size(), 3u);
-  EXPECT_EQ(content.Objects()[1].parent, 0) << "what lay below it lies below the one above it";
-  EXPECT_EQ(content.Objects()[2].parent, 1);
+  EXPECT_EQ(Show(Content(u"/P/A-B")), "1\n2<1\n3<2\n") << "what lay below it lies below the one above it";
   ASSERT_EQ(loaded[0].warnings.size(), 2u);
   const Text line = ToText(static_cast<long long>(std::ranges::count(std::string_view(kTypes), '\n')) + 2);
   EXPECT_EQ(

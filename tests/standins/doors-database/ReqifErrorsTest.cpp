@@ -13,6 +13,8 @@ const std::string kGoodSpecification =
     "<SPECIFICATIONS><SPECIFICATION IDENTIFIER='s' LONG-NAME='Good'/></SPECIFICATIONS>";
 
 TEST_F(DoorsDatabaseTest, ABadFileIsRefusedAndNothingIsWritten) {
+  std::string cut_archive = ReadFile(ReqifFile(u"doors-ole-small.reqifz"));
+  cut_archive.replace(cut_archive.find("_Spielwiese.reqif") + 100, 40, std::string(40, '\x7F'));
   const std::pair<std::string, const char*> cases[] = {
       {"", "bad.reqif"},
       {"Dear reader", "(1): "},
@@ -27,6 +29,7 @@ TEST_F(DoorsDatabaseTest, ABadFileIsRefusedAndNothingIsWritten) {
            "<SPEC-OBJECTS>\n<SPEC-OBJECT IDENTIFIER='o'/>\n<SPEC-OBJECT IDENTIFIER='o'/></SPEC-OBJECTS>"),
        "(5): two objects have the same identifier"},
       {"PK\x03\x04 and nothing more", "the archive cannot be read"},
+      {cut_archive, "bad.reqif!_Spielwiese.reqif: the member is damaged or cut short"},
   };
   const Text file = folder.File(u"bad.reqif");
   for (const auto& [bytes, says] : cases) {
@@ -38,16 +41,6 @@ TEST_F(DoorsDatabaseTest, ABadFileIsRefusedAndNothingIsWritten) {
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
     EXPECT_EQ(Ask("SELECT count(*) FROM item"), u"1");
   }
-}
-
-TEST_F(DoorsDatabaseTest, ArchiveWithACutMemberIsRefused) {
-  std::string bytes = ReadFile(ReqifFile(u"doors-ole-small.reqifz"));
-  const std::size_t member = bytes.find("_Spielwiese.reqif");
-  ASSERT_NE(member, std::string::npos);
-  bytes.replace(member + 100, 40, std::string(40, '\x7F'));
-  WriteFile(folder.File(u"cut.reqifz"), bytes);
-  EXPECT_NE(FailureOf([&] { LoadReqif(database, folder.File(u"cut.reqifz")); }), "");
-  EXPECT_EQ(Ask("SELECT count(*) FROM item"), u"1");
 }
 
 TEST_F(DoorsDatabaseTest, ModuleIsNotLoadedOverAnotherKindOfItem) {

@@ -1,54 +1,44 @@
 #include "tests/standins/host-model/Support.h"
-#include "tests/support/XmlGroups.h"
 
 namespace kestrune::standins {
 namespace {
 
-class OrimQuery : public ModelTest {
- protected:
-  /// The rows of the answer, each as "Column=text" per column, joined by "|".
-  std::vector<std::string> Rows(const Text& sql) const {
-    std::vector<std::string> rows;
-    const Text xml = repository.Call(u"Query", {sql}).ToText();
-    for (const auto& row : testing::XmlGroups::InText(xml, u"ORIMDATA/Dataset_0/Data/Row")) {
-      std::string cells;
-      for (const auto& cell : row)
-        cells += (cells.empty() ? "" : "|") + ToUtf8(cell.name + u"=" + cell.content);
-      rows.push_back(cells);
-    }
-    return rows;
+struct OrimQuery : ModelTest {
+  std::string Query(const Text& sql) const { return ToUtf8(repository.Call(u"Query", {sql}).ToText()); }
+  static std::string Answer(const std::string& row) {
+    return "<ORIMDATA><Dataset_0><Data><Row>" + row + "</Row></Data></Dataset_0></ORIMDATA>";
   }
 };
 
 TEST_F(OrimQuery, ColumnNamesAreSpelledAsTheHostSpellsThem) {
   const Text sql = u"SELECT Package_ID, Name AS aB FROM t_package WHERE Name = 'Model'";
-  EXPECT_EQ(Rows(sql), std::vector<std::string>{"Package_ID=1|aB=Model"});
+  EXPECT_EQ(Query(sql), Answer("<Package_ID>1</Package_ID><aB>Model</aB>"));
   model.SetColumnSpelling(ColumnSpelling::kUpper);
-  EXPECT_EQ(Rows(sql), std::vector<std::string>{"PACKAGE_ID=1|AB=Model"});
+  EXPECT_EQ(Query(sql), Answer("<PACKAGE_ID>1</PACKAGE_ID><AB>Model</AB>"));
   model.SetColumnSpelling(ColumnSpelling::kLower);
-  EXPECT_EQ(Rows(sql), std::vector<std::string>{"package_id=1|ab=Model"});
+  EXPECT_EQ(Query(sql), Answer("<package_id>1</package_id><ab>Model</ab>"));
 }
 
-TEST_F(OrimQuery, TextSurvivesTheWayThroughXml) {
-  const std::pair<Text, Text> cases[] = {
-      {u"<a href=\"x\">&amp;</a> ]]>", u"<a href=\"x\">&amp;</a> ]]>"},
-      {u"one\r\ntwo\rthree\nfour\tfive", u"one\r\ntwo\rthree\nfour\tfive"},
-      {u" \u00E4\u20AC\U0001F600 ", u" \u00E4\u20AC\U0001F600 "},
+TEST_F(OrimQuery, TextIsWrittenSoThatItSurvivesXml) {
+  const std::pair<Text, const char*> cases[] = {
+      {u"<a href=\"x\">&amp;</a> ]]>", "&lt;a href=\"x\"&gt;&amp;amp;&lt;/a&gt; ]]&gt;"},
+      {u"one\r\ntwo\rthree\nfour\tfive", "one&#xD;\ntwo&#xD;three\nfour\tfive"},
+      {u" \u00E4\u20AC\U0001F600 ", " \u00E4\u20AC\U0001F600 "},
       {Text(u"a\0b", 3) + u"\x1\x8\xB\xC\x1F"
                           u"c",
-       u"abc"},
+       "abc"},
       {u"a\xFFFE\xFFFF"
        u"b",
-       u"ab"},
-      {u"high \xD800, low \xDC00, swapped \xDE00\xD83D.", u"high , low , swapped ."},
-      {u"ends high \xD83D", u"ends high "},
-      {u"", u""},
+       "ab"},
+      {u"high \xD800, low \xDC00, swapped \xDE00\xD83D.", "high , low , swapped ."},
+      {u"ends high \xD83D", "ends high "},
+      {u"", ""},
   };
-  for (const auto& [stored, read] : cases) {
+  for (const auto& [stored, written] : cases) {
     const Object element = AddElement(u"E");
     PutAndSave(element, u"Notes", stored);
-    const Text sql = u"SELECT Note FROM t_object WHERE Object_ID=" + ToText(IdOf(element));
-    EXPECT_EQ(Rows(sql), std::vector<std::string>{ToUtf8(u"Note=" + read)}) << ToUtf8(stored);
+    EXPECT_EQ(Query(u"SELECT Note FROM t_object WHERE Object_ID=" + ToText(IdOf(element))),
+              Answer(std::string("<Note>").append(written).append("</Note>")));
   }
 }
 
@@ -73,7 +63,7 @@ TEST_F(OrimQuery, NothingIsRunThatIsNotAQuery) {
   for (const auto& [sql, reason] : cases)
     EXPECT_EQ(FailureOf([&, sql = sql] { repository.Call(u"Query", {sql}); }), reason) << ToUtf8(sql);
   EXPECT_TRUE(ListFolder(folder.Path()).empty());
-  EXPECT_EQ(Rows(u"SELECT count(*) AS n FROM t_object WHERE Name='E'"), std::vector<std::string>{"n=1"});
+  EXPECT_EQ(Query(u"SELECT count(*) AS n FROM t_object WHERE Name='E'"), Answer("<n>1</n>"));
 }
 
 }  // namespace

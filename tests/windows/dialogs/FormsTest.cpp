@@ -1,37 +1,10 @@
 // The forms of the add-in on a real screen, but for what the sessions do there. frmOptionsTest.cpp has the options and
 // their wizard.
-#include "doors/frmConnect.h"
 #include "import/frmImport.h"
 #include "tests/windows/dialogs/DialogStage.h"
 
 namespace kestrune::testing {
 namespace {
-
-TEST_F(DialogTest, AModuleIsTakenFromTheListOrTypedInAnyLetters) {
-  const DoorsWindow main_window(DoorsWindow::kMain, true);
-  app->answer_instead = u"/R && D/A\n/Demo/Tests\n";
-  const auto take_first = [](const Screen& connect) { connect.Key(VK_RETURN); };
-  const auto type = [](const Screen& connect) {
-    connect.Key(VK_TAB);
-    connect.Key(VK_SPACE);
-    const Screen box(u"Manual DOORS Connection");
-    box.Type(u"/Größe/Maße €");
-    box.Key(VK_RETURN);
-  };
-  const std::pair<std::function<void(const Screen&)>, Text> persons[] = {{take_first, u"/R && D/A"},
-                                                                         {type, u"/Größe/Maße €"}};
-  for (const auto& [person, selected] : persons) {
-    frmConnect form(doors);
-    WithPerson(
-        [&, use = person] {
-          const Screen connect(u"DOORS Connection");
-          connect.Await("the modules", [&] { return connect.Ask(ID_lstModules, LB_GETCURSEL) == 0; });
-          EXPECT_EQ(connect.LinesOf(ID_lstModules), (std::vector<Text>{u"/R && D/A", u"/Demo/Tests"}));
-          use(connect);
-        },
-        [&, expected = selected] { EXPECT_EQ(form.ShowIt(), expected); });
-  }
-}
 
 TEST_F(DialogTest, TheImportWindowsLinesCanBeCopied) {
   frmImport form(doors);

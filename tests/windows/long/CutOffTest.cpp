@@ -3,8 +3,7 @@
 
 #include "platform/com/ComText.h"
 #include "standins/windows/process/Arguments.h"
-#include "tests/standins/windows/processes/HostRun.h"
-#include "tests/windows/long/LargeModule.h"
+#include "tests/windows/long/HostRun.h"
 
 namespace kestrune::testing {
 namespace {

@@ -4,9 +4,8 @@
 #include <sqlite3.h>
 #include <windows.h>
 
-#include "tests/standins/windows/processes/HostRun.h"
 #include "tests/windows/dialogs/SystemObjects.h"
-#include "tests/windows/long/LargeModule.h"
+#include "tests/windows/long/HostRun.h"
 
 namespace kestrune::testing {
 namespace {

@@ -12,7 +12,6 @@
 
 namespace kestrune::testing {
 
-inline constexpr DWORD kLimitMs = 20000;
 inline constexpr const char16_t* kLink =
     uR"(connect
   form frmConnect
@@ -42,15 +41,29 @@ inline constexpr const char16_t* kUnlink =
   answer Yes "Are you sure..."
 )";
 
-/// Two objects more in the module "/Car".
+/// Objects of the module "/Car" up to that number, each with a heading, below one another by tens.
+inline void AddObjects(standins::DoorsDatabase& database, int last) {
+  standins::Transaction transaction(database.Sql());
+  standins::Statement object = database.Sql().Prepare(
+      "INSERT OR IGNORE INTO object (id, module, absolute_number, parent, position) VALUES (?1, 2, ?1, ?2, "
+      "?1)");
+  standins::Statement value = database.Sql().Prepare(
+      "INSERT INTO value (object, attribute, text) SELECT ?1, id, 'Part ' || ?1 FROM attribute"
+      " WHERE name = 'Object Heading' AND NOT EXISTS (SELECT 1 FROM value WHERE object = ?1)");
+  for (int number = 1; number <= last; ++number) {
+    object.Reset();
+    object.Bind(number, number <= 10 ? Variant() : Variant(number / 10));
+    object.Run();
+    value.Reset();
+    value.Bind(number);
+    value.Run();
+  }
+  transaction.Commit();
+}
+
 inline Text MakeModule(const Text& file) {
-  MakeDatabase(file);
-  auto database = standins::DoorsDatabase::Open(ToPath(file));
-  database.Sql().Exec(
-      "INSERT INTO object (id, module, absolute_number, position) VALUES (1, 2, 1, 1), (2, 2, 2, 2);"
-      "INSERT INTO value (object, attribute, text) SELECT o.id, a.id, 'Part ' || o.id FROM object o, "
-      "attribute a"
-      "  WHERE a.name = 'Object Heading';");
+  auto database = standins::DoorsDatabase::Open(ToPath(MakeDatabase(file)));
+  AddObjects(database, 2);
   return file;
 }
 
@@ -62,7 +75,7 @@ inline Text MakeModel(const Text& file) {
 inline void RegisterAddIn() {
   const HANDLE registering =
       standins::StartProgram({u"regsvr32", u"/s", u"/n", u"/i:machine", FromUtf8(KESTRUNE_DLL)});
-  ASSERT_EQ(standins::AwaitEnd(registering, kLimitMs), 0u);
+  ASSERT_EQ(standins::AwaitEnd(registering, 20000), 0u);
 }
 
 class HostRun : public ::testing::Test {
@@ -76,7 +89,6 @@ class HostRun : public ::testing::Test {
     commands.push_back({u"dies TEXT", [this](const play::Statement& line) {
                           host_.Doors().DieAtPerm(static_cast<int>(NumericValue(line.texts[0])));
                         }});
-    commands.push_back({u"damages", [this](const play::Statement&) { host_.Doors().DamageNextExport(); }});
     std::vector<Text> forms;
     for (const auto& command : commands) forms.push_back(command.form);
     try {
@@ -86,7 +98,6 @@ class HostRun : public ::testing::Test {
       return failure.what();
     }
   }
-  std::size_t Elements() { return host_.Session().Model().Tree(host_.Session().Package().id).size(); }
 
   TempFolder folder_;
   std::ostringstream out_;
