@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <random>
 
 #include "common/Resources.h"
 #include "platform/Automation.h"
@@ -8,25 +7,6 @@
 
 namespace kestrune::testing {
 namespace {
-
-/// AddMapping one step after the other, as its description has it.
-class StepwiseRules {
- public:
-  void Add(const MappingRule& rule) {
-    Remove(rule.Attribute);
-    Remove(rule.CombinedAttribute);
-    rules.push_back(rule);
-  }
-  std::vector<MappingRule> rules;
-
- private:
-  void Remove(const Text& name) {
-    if (name.empty()) return;
-    std::erase_if(rules, [&](const MappingRule& rule) {
-      return rule.Attribute == name || rule.CombinedAttribute == name;
-    });
-  }
-};
 
 TEST(LinkSettings, StartsWithTheUnusedSlotAndLoadsFixedAndDefaultRules) {
   LinkSettings settings;
@@ -56,35 +36,20 @@ TEST(LinkSettings, AddMappingAppendsAndTakesTheAttributesFromOtherRules) {
       {{u"a", u"A"}, u"A --> Name", {u"a", u"A --> Name"}},
       {{u"A"}, u"  ", {u"A"}},
       {{u"Object Level"}, u"Object Level --> Name", {u"Object Level --> Name"}},
+      {{u"A [: B] --> Name", u"C [: D] --> Notes"}, u"B [: C] --> Alias", {u"B [: C] --> Alias"}},
+      {{u"A", u"A [: B] --> Name"}, u"B --> Notes", {u"B --> Notes"}},  // also what has gone has taken away
   };
   for (const auto& each : cases) {
     LinkSettings settings = SettingsOf(each.before);
     settings.AddMapping(each.mapping);
     EXPECT_EQ(RulesOf(settings), each.after) << ToUtf8(each.mapping);
     EXPECT_EQ(RuleText(settings.Rules[2]), kFixedRules[1]);
-  }
-}
-
-TEST(LinkSettings, AddsManyRulesAsIfEachWereAddedAlone) {
-  std::mt19937 dice(3);
-  const auto name = [&dice] { return Text(1, static_cast<char16_t>(u'A' + dice() % 6)); };
-  for (int run = 0; run < 300; ++run) {
-    LinkSettings settings;
-    settings.ResetToDefaults();
-    ASSERT_TRUE(settings.ApplyTemplate(LoadResText(text::kTemplateHeader)));
-    StepwiseRules expected;
-    for (const Text& line : RulesOf(settings)) expected.Add(*ParseRule(line));
-    Text lines = LoadResText(text::kTemplateHeader);
-    for (std::size_t i = dice() % 12; i > 0; --i) {
-      const MappingRule rule = {name(), dice() % 2 ? name() : u"", u"", dice() % 2 ? u"Name" : u""};
-      lines.append(kCrLf).append(RuleText(rule));
-      expected.Add(rule);
-    }
-    ASSERT_TRUE(settings.ApplyTemplate(lines));
-    std::stable_sort(expected.rules.begin(), expected.rules.end(),
-                     [](const auto& a, const auto& b) { return a.Attribute < b.Attribute; });
-    ASSERT_EQ(std::vector<MappingRule>(settings.Rules.begin() + 5, settings.Rules.end()), expected.rules)
-        << ToUtf8(lines);
+    Text at_once = LoadResText(text::kTemplateHeader);
+    for (const Text& rule : each.before) at_once.append(kCrLf).append(rule);
+    LinkSettings pasted = SettingsOf({});
+    pasted.ApplyTemplate(at_once.append(kCrLf).append(each.mapping));
+    settings.Sort();
+    EXPECT_EQ(pasted.Rules, settings.Rules) << ToUtf8(at_once);
   }
 }
 
