@@ -17,24 +17,9 @@ struct OrimDocTest : ::testing::Test, TestHost {
     doc.Load();
     return doc.GetData();
   }
-  AutomationError LoadFailure() {
-    try {
-      doc.Load();
-    } catch (const AutomationError& failure) {
-      return failure;
-    }
-    ADD_FAILURE() << "this was read";
-    return {0, u"", u""};
-  }
 
   OrimDoc doc{repository, Package()};
 };
-
-TEST_F(OrimDocTest, APackageWithoutImportedElementsHasNoRows) {
-  AddElement(u"drawn by hand");
-  AddElement(u"drawn by hand", {{u"Status of mine", u"x"}});
-  EXPECT_EQ(Load().UpperRow(), 0u);
-}
 
 TEST_F(OrimDocTest, ReadsTheSameUnderEverySpelling) {
   const orim::Element parent =
@@ -77,36 +62,6 @@ TEST_F(OrimDocTest, ReadsTheSameUnderEverySpelling) {
       EXPECT_EQ(table.At(2, 6 + i).ToText(), fields[i].read) << ToUtf8(fields[i].field);
     EXPECT_EQ(table.At(1, 6), Variant()) << "notes that nobody wrote";
   }
-}
-
-TEST_F(OrimDocTest, CoversThePackageAndItsTrashOnly) {
-  const auto add_package = [&](const Text& name) {
-    const orim::Package child = Package().Packages().AddNew(name, u"");
-    child.Save();
-    return child;
-  };
-  const auto add_to = [](const orim::Package& package, const Text& identifier) {
-    const orim::Element element = package.Elements().AddNew(u"x", u"Requirement");
-    element.Save();
-    element.TaggedValues().AddNew(u"Object Identifier", identifier).Save();
-  };
-  add_to(add_package(u"Other"), u"R1");
-  add_to(add_package(u"Trash Can"), u"R2");
-  add_to(Package(), u"R3");
-  const DataTable& table = Load();
-  ASSERT_EQ(table.UpperRow(), 2u);
-  EXPECT_EQ(table.At(1, 1).ToText(), u"R2");
-  EXPECT_EQ(table.At(2, 1).ToText(), u"R3");
-}
-
-TEST_F(OrimDocTest, AnElementBelowOneThatWasNotImportedIsNamed) {
-  const orim::Element foreign = AddElement(u"drawn by hand");
-  const orim::Element child = AddElement(u"Child", {{u"Object Identifier", u"R1"}});
-  child.SetParentID(foreign.ElementID());
-  child.Save();
-  const auto failure = LoadFailure();
-  EXPECT_NE(failure.Description.find(u"id " + ToText(child.ElementID())), Text::npos);
-  EXPECT_NE(failure.Description.find(u"id " + ToText(foreign.ElementID())), Text::npos);
 }
 
 TEST_F(OrimDocTest, MemoTextsAreAskedForTogetherWhenOneIsNeeded) {

@@ -9,7 +9,7 @@ using testing::Exported;
 struct HandEditsTest : testing::ImportFixture {
   HandEditsTest() {
     StoreRules({u"Object Heading --> Name", u"Mood --> (Tagged Value)"});
-    application->objects = {Exported(u"A"), Exported(u"B", u"A"), Exported(u"C", u"B")};
+    application->objects = testing::ObjectsOf(u"A B<A C<B");
     Import();
   }
   Text Ids(const char16_t* identifier) const { return ToText(ElementOf(identifier).ElementID()); }

@@ -13,8 +13,6 @@ TEST(ImportLinesTest, ChangesOfOneItemInARowAreGrouped) {
     std::vector<Change> changes;
     std::vector<Text> lines;
   } cases[] = {
-      {"once", {{u"REQ-12", u"x"}}, {u"before", u"   REQ-12: ... x"}},
-      {"twice", {{u"A", u"x"}, {u"A", u"y"}}, {u"before", u"   A:", u"    ... x", u"    ... y"}},
       {"three times",
        {{u"A", u"x"}, {u"A", u"y"}, {u"A", u"z"}},
        {u"before", u"   A:", u"    ... x", u"    ... y", u"    ... z"}},

@@ -135,4 +135,14 @@ inline ExportedObject Exported(const Text& identifier, const Text& parent = u"",
   return {{"a0", u"7"}, {"a1", identifier}, {"a9", u"n" + identifier}, {"a10", parent}, {"a12", mood}};
 }
 
+/// Such objects, "B<A" for a B below A.
+inline std::vector<ExportedObject> ObjectsOf(TextView objects) {
+  std::vector<ExportedObject> exported;
+  for (const Text& each : Split(objects, u" ")) {
+    const auto parts = Split(each, u"<");
+    exported.push_back(Exported(parts.front(), parts.size() == 1 ? u"" : parts.back()));
+  }
+  return exported;
+}
+
 }  // namespace kestrune::testing
