@@ -1,5 +1,4 @@
 // The add-in's menu: what it offers and what its items do.
-#include "addin/frmAbout.h"
 #include "tests/addin/LinkedPackage.h"
 
 namespace kestrune {
@@ -37,18 +36,10 @@ TEST_F(MenuTest, AnotherMenuIsNoneOfItsOwn) {
   EXPECT_EQ(messages[0].Icon, Icon::kStop);
 }
 
-TEST_F(MenuTest, HelpAndAboutNeedNoPackage) {
+TEST_F(MenuTest, HelpNeedsNoPackage) {
   model.SelectPackage(0);
   Click(text::kMenuHelp);
   EXPECT_EQ(desktop.HelpShown(), std::vector<int>{1000});
-  int shown = 0;
-  desktop.UseForm<frmAbout>([&](frmAbout& form) {
-    ++shown;
-    EXPECT_FALSE(form.lblVersion.Caption().empty());
-    form.cmdOK.Press();
-  });
-  Click(text::kMenuAbout);
-  EXPECT_EQ(shown, 1);
 }
 
 TEST_F(MenuTest, AnItemThatItDoesNotKnowDoesNothing) {
@@ -82,14 +73,6 @@ TEST_F(MenuTest, WithoutASelectionThereIsNothingToTransfer) {
   Click(text::kMenuOptions);
   Click(text::kMenuLocate);
   EXPECT_TRUE(Messages().empty());
-}
-
-TEST_F(MenuTest, OptionsImportOnlyWhenToldSo) {
-  for (Button frmOptions::*button :
-       {&frmOptions::cmdOK, &frmOptions::cmdCancel, &frmOptions::cmdSaveAndImport}) {
-    desktop.UseForm<frmOptions>([button](frmOptions& form) { (form.*button).Press(); });
-    EXPECT_EQ(Import(text::kMenuOptions).completed, button == &frmOptions::cmdSaveAndImport);
-  }
 }
 
 // The dialog has asked for the lock already; one that came meanwhile is the host's to refuse.
