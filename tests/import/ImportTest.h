@@ -14,19 +14,10 @@ namespace kestrune::testing {
 struct ImportFixture : ::testing::Test, TestPlatform, TestHost {
   ImportFixture() {
     // a0 to a12
-    application->attributes = {u"Absolute Number",
-                               u"Object Identifier",
-                               u"Object Number",
-                               u"Object Level",
-                               u"Object Text",
-                               u"Object Short Text",
-                               u"Created By",
-                               u"Created On",
-                               u"Last Modified On",
-                               u"Object Heading",
-                               u"Object Parent",
-                               u"Object Text (Formatted)",
-                               u"Mood"};
+    application->attributes = Split(
+        u"Absolute Number|Object Identifier|Object Number|Object Level|Object Text|Object Short Text|"
+        u"Created By|Created On|Last Modified On|Object Heading|Object Parent|Object Text (Formatted)|Mood",
+        u"|");
     repository.CreateOutputTab(u"DOORS");
     desktop.AddWindow({u"DOORSWindow", 0x04CF0000});
     objects.objects[u"Doors.Application"] = application->AsObject();

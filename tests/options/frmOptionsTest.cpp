@@ -111,26 +111,24 @@ TEST_F(OptionsFormTest, MapsOfSeveralRowsThoseThatCanBe) {
 
 TEST_F(OptionsFormTest, ASecondAttributeThatNoRuleCanHoldGoesBackToItsPage) {
   app->attributes = {u"A", u"B --> C"};
-  desktop.OnForm<frmOptions>([](frmOptions& form) {
+  Edit({u"A"}, [&](frmOptions& form) {
     form.cmdReloadAttribs.Press();
+    desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+      for (int page = 1; page <= 3; ++page) wizard.cmdNext.Press();
+    });
+    desktop.OnMessage(FormatResText(text::kUnmappable, {u"B --> C"}));
+    desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
+      EXPECT_TRUE(wizard.lstExtra.Visible());
+      wizard.CloseByUser();
+    });
     form.cmdCombine.Press();
     EXPECT_EQ(RowsOf(form), Lines({u"A | ", u"B --> C | "}));
     form.cmdCancel.Press();
   });
-  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
-    for (int page = 1; page <= 3; ++page) wizard.cmdNext.Press();
-  });
-  desktop.OnMessage(FormatResText(text::kUnmappable, {u"B --> C"}));
-  desktop.OnForm<frmMapWizard>([](frmMapWizard& wizard) {
-    EXPECT_TRUE(wizard.lstExtra.Visible());
-    wizard.CloseByUser();
-  });
-  StoreRecord(Record({u"A"}));
-  frmOptions(doors).ShowOptions(repository, package);
 }
 
 TEST_F(OptionsFormTest, ANameWithABracketCannotBeginACombinationAndMayEndOne) {
-  desktop.OnForm<frmOptions>([&](frmOptions& form) {
+  Edit({u"A", u"Mass [kg]"}, [&](frmOptions& form) {
     desktop.OnMessage(
         u"The attribute \"Mass [kg]\" cannot be the first of a combination, since its name holds \"[\", by "
         u"which "
@@ -146,8 +144,6 @@ TEST_F(OptionsFormTest, ANameWithABracketCannotBeginACombinationAndMayEndOne) {
     EXPECT_EQ(form.lvMappings.VisibleRow(), 0u);
     form.cmdCancel.Press();
   });
-  StoreRecord(Record({u"A", u"Mass [kg]"}));
-  frmOptions(doors).ShowOptions(repository, package);
 }
 
 TEST_F(OptionsFormTest, TheKeysOfTheListSelectAllAndRemove) {
