@@ -50,7 +50,8 @@ TEST(DataFolderTest, APlatformThatKnowsNoSuchFolder) {
 
 TEST(LinkFileTest, GivesBackTheModulePathAsItWasGiven) {
   TestPlatform test;
-  for (const char16_t* path : {u"/P/Module", u"/P/A~B & <C>", u"/Prüf/größer"}) {
+  for (const char16_t* path :
+       {u"/P/Module", u"/P/A~B & <C>", u"/Prüf/größer", u" \"quoted\"\nnext \U0001F682 "}) {
     ASSERT_TRUE(SaveLinkFile(test.platform, kGuid, path));
     EXPECT_EQ(GetLinkModulePath(test.platform, kGuid), path);
   }
@@ -64,6 +65,9 @@ TEST(LinkFileTest, OneThatCannotBeReadIsNoLink) {
     WriteFile(GetLinkFilePath(test.platform, kGuid), content);
     EXPECT_EQ(GetLinkModulePath(test.platform, kGuid), u"") << content;
   }
+  RemoveFile(GetLinkFilePath(test.platform, kGuid));
+  std::filesystem::create_directory(ToPath(GetLinkFilePath(test.platform, kGuid)));
+  EXPECT_EQ(GetLinkModulePath(test.platform, kGuid), u"") << "a folder";
   EXPECT_FALSE(SaveLinkFile(test.platform, u"no/such/folder", u"/P/M"));
 }
 
