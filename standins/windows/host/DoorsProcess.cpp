@@ -25,13 +25,18 @@ HWND NextControlWindow(HWND after) {
   return FindWindowExW(HWND_MESSAGE, after, kDoorsControlClass, nullptr);
 }
 
-/// A DOORS that nobody ended, or that the system started by itself, would be reached in place of the new one.
+/// A DOORS that nobody ended, or that the system started by itself, would be reached in place of the new one. One that is
+/// stuck, as its client was killed, is killed as well.
 void EndStrays() {
-  const ULONGLONG end = GetTickCount64() + kPatienceMs;
   while (const HWND stray = NextControlWindow(nullptr)) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(stray, &id);
+    const HANDLE process = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id);
+    if (!process) continue;  // it has gone meanwhile
     PostMessageW(stray, kDoorsSetPhase, static_cast<WPARAM>(DoorsPhase::kNotRunning), 0);
-    if (GetTickCount64() > end) throw CommandError(u"Another DOORS is running and does not end.");
-    Sleep(kPauseMs);
+    if (WaitForSingleObject(process, kPatienceMs) != WAIT_OBJECT_0) TerminateProcess(process, 1);
+    WaitForSingleObject(process, kPatienceMs);
+    CloseHandle(process);
   }
 }
 
