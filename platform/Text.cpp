@@ -132,7 +132,8 @@ Text AsciiLower(TextView text) {
 // Nearly no text has a line feed, and bytes are searched much faster than units: where no
 // byte is one, no unit is.
 bool HasLineFeed(TextView text) {
-  return std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) && text.find(u'\n') != TextView::npos;
+  return !text.empty() && std::memchr(text.data(), '\n', text.size() * sizeof(char16_t)) &&
+         text.find(u'\n') != TextView::npos;
 }
 
 Text WidenLineFeeds(Text text) {

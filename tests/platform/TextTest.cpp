@@ -38,6 +38,7 @@ TEST(TextTest, WidenLineFeedsLeavesWholeLineEndsAlone) {
                {u"\n\n", u"\r\n\r\n"},
                {u"a\rb\n\r\n", u"a\rb\r\n\r\n"}};
   for (const auto& each : cases) EXPECT_EQ(WidenLineFeeds(each.narrow), each.wide) << ToUtf8(each.narrow);
+  EXPECT_FALSE(HasLineFeed(TextView())) << "where nothing is, nothing is looked at";
 }
 
 TEST(TextTest, SplitKeepsEmptyPieces) {
