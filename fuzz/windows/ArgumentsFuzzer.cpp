@@ -10,16 +10,13 @@
 #include <windows.h>
 
 #include "platform/com/ComText.h"
-#include "platform/com/OurDispatch.h"
+#include "platform/com/ComVariant.h"
+#include "standins/host-model/OrimModel.h"
 #include "tests/windows/com/DllUnderTest.h"
-#include "tests/windows/com/HostStandIn.h"
 
 namespace kestrune::fuzz {
 
 namespace {
-
-using testing::HostModel;
-using testing::HostRepository;
 
 unsigned seed = 0;  // of the call under way
 
@@ -207,11 +204,11 @@ ULONG References(IUnknown& object) {
 }
 
 /// One call, and what it has left in the message queue. Whether it came as far as the add-in.
-bool Call(IDispatch& add_in, _OrimDoors& early, IDispatch* host, HostModel& model) {
+bool Call(IDispatch& add_in, _OrimDoors& early, IDispatch* host, standins::OrimModel& model) {
   std::mt19937 dice(seed);
   Arguments arguments(dice, host);
-  model.build = arguments.Roll(4) == 0 ? 1 : 827;
-  model.is_locked = arguments.Roll(2) == 0;
+  model.SetLibraryBuild(arguments.Roll(4) == 0 ? 1 : 900);
+  model.SetLocked(model.Packages().front().element_id, arguments.Roll(2) == 0);
   const bool is_early = arguments.Roll(4) == 0;
   if (is_early) CallEarly(early, arguments, host);
   const bool came = is_early || CallByName(add_in, arguments);
@@ -221,15 +218,15 @@ bool Call(IDispatch& add_in, _OrimDoors& early, IDispatch* host, HostModel& mode
 }
 
 int Run(DWORD seconds) {
-  HostModel model;
-  const ComPtr<IDispatch> host = MakeOurDispatch(std::make_shared<HostRepository>(model));
+  auto model = standins::OrimModel::Create(":memory:");
+  model.SelectPackage(model.AddPackage(0, u"Requirements"));
+  const ComPtr<IDispatch> host = ToDispatch(model.Repository());
   unsigned calls = 0;
   {
     const ComPtr<IDispatch> add_in = testing::NewAddIn();
     const ComPtr<_OrimDoors> early = add_in.As<_OrimDoors>(__uuidof(_OrimDoors));
     const ULONGLONG end = GetTickCount64() + 1000ULL * seconds;
     for (; GetTickCount64() < end; ++calls, ++seed) {
-      model.calls.clear();
       const ULONG before = References(*host.Get());
       // Wine does not let go of the arguments of a call that it refuses itself.
       if (Call(*add_in.Get(), *early.Get(), host.Get(), model))

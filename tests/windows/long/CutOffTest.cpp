@@ -43,9 +43,9 @@ class KilledHost : public ::testing::Test {
             doors_};
   }
   void Play(const Text& script) {
-    std::wstring line = L"cmd /c " + standins::CommandLineOf(HostPlaying(script));
     const Text lines = folder_.File(u"lines");
-    line.append(L" >").append(Wide(lines)).append(L" 2>&1");
+    std::wstring line = L"\"" + standins::CommandLineOf(HostPlaying(script));
+    line.append(L" >").append(Wide(lines)).append(L" 2>&1\"");
     ASSERT_EQ(_wsystem(line.c_str()), 0) << ReadFile(lines);
   }
   /// The model as it was when it was linked, and nothing of a later one.
